@@ -1,0 +1,9 @@
+#pragma once
+
+/// The one header that a host includes: all public classes of TsServiceUtilities.dll.
+
+#include "module/CcvReminderOptionUtilities.h"
+#include "module/RegistryPaths.h"
+#include "platform/mfc/atlexcept.h"
+#include "reminders/CcvReminderData.h"
+#include "reminders/CcvReminderDataUtilities.h"

@@ -1,0 +1,34 @@
+# A test suite is one program. ts_add_suite(NAME SOURCES...) builds three of it and registers each with CTest:
+#   NAME        the sources and the library's objects as they are
+#   NAME_guard  the same objects over a heap that ends each allocation at an inaccessible page
+#   NAME_ubsan  the library's sources compiled with traps on undefined behaviour
+
+function(ts_add_library_with_traps)
+  add_library(ts_objects_ubsan OBJECT ${TS_SOURCES})
+  ts_library_options(ts_objects_ubsan)
+  target_compile_options(ts_objects_ubsan PRIVATE
+    -fsanitize=undefined -fsanitize-undefined-trap-on-error -fno-sanitize=vptr)
+endfunction()
+
+function(ts_add_suite name)
+  add_library(${name}_objects OBJECT ${ARGN})
+  target_compile_definitions(${name}_objects PRIVATE TS_STATIC)
+  target_include_directories(${name}_objects PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name}_objects PRIVATE ts_warnings gtest)
+
+  ts_add_suite_program(${name} ts_objects ${name}_objects ts_test_main)
+  ts_add_suite_program(${name}_guard ts_objects ${name}_objects ts_test_main ts_guard_page_heap)
+  ts_add_suite_program(${name}_ubsan ts_objects_ubsan ${name}_objects ts_test_main)
+endfunction()
+
+# ts_add_suite_program(NAME OBJECT_LIBRARIES...): one test program out of object libraries.
+function(ts_add_suite_program name)
+  set(objects)
+  foreach(library IN LISTS ARGN)
+    list(APPEND objects $<TARGET_OBJECTS:${library}>)
+  endforeach()
+  add_executable(${name} ${objects})
+  target_link_libraries(${name} PRIVATE gtest ${TS_SYSTEM_LIBRARIES})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin/tests)
+  add_test(NAME ${name} COMMAND ${name})
+endfunction()

@@ -1,0 +1,6 @@
+#include "TsServiceUtilities.h"
+
+int main()
+{
+    return CcvReminderOptionUtilities::GetPlaySoundWithTickler() ? 0 : 1;
+}

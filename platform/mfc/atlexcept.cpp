@@ -1,0 +1,10 @@
+#include "platform/mfc/atlexcept.h"
+
+void AtlThrow(HRESULT code)
+{
+    if (code == E_OUTOFMEMORY)
+    {
+        AfxThrowMemoryException();
+    }
+    AfxThrowOleException(code);
+}
