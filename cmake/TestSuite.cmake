@@ -4,7 +4,8 @@
 #   NAME_ubsan  the library's sources compiled with traps on undefined behaviour
 
 function(ts_add_library_with_traps)
-  add_library(ts_objects_ubsan OBJECT ${TS_SOURCES})
+  list(TRANSFORM TS_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/ OUTPUT_VARIABLE sources)
+  add_library(ts_objects_ubsan OBJECT ${sources})
   ts_library_options(ts_objects_ubsan)
   target_compile_options(ts_objects_ubsan PRIVATE
     -fsanitize=undefined -fsanitize-undefined-trap-on-error -fno-sanitize=vptr)

@@ -108,8 +108,8 @@ bool TryReadString(HKEY key, const wchar_t* name, CString& value)
     {
         return false;
     }
-    const DWORD whole = size / sizeof(wchar_t);
-    const DWORD odd = size % sizeof(wchar_t);
+    const std::size_t whole = size / sizeof(wchar_t);
+    const std::size_t odd = size % sizeof(wchar_t);
     if (odd != 0)
     {
         buffer[whole] &= 0xFF;
