@@ -33,3 +33,15 @@ function(ts_add_suite_program name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin/tests)
   add_test(NAME ${name} COMMAND ${name})
 endfunction()
+
+# ts_run_in_zones(SUITE ZONES...): registers the suite once more per time zone. Under Wine the zone comes from the
+# environment; Windows itself has only the machine's zone.
+function(ts_run_in_zones suite)
+  if(NOT CMAKE_CROSSCOMPILING)
+    return()
+  endif()
+  foreach(zone IN LISTS ARGN)
+    add_test(NAME ${suite}.${zone} COMMAND ${suite})
+    set_tests_properties(${suite}.${zone} PROPERTIES ENVIRONMENT "TZ=${zone}")
+  endforeach()
+endfunction()

@@ -79,6 +79,12 @@ int WalkMonth(EcvReminderDayIntegralType ordinal, EcvReminderDayType dayType, in
         }
         return day;
     }
+    if (ordinal < EcvReminderDayIntegralType::First || ordinal > EcvReminderDayIntegralType::Last)
+    {
+        // No dialog makes such an ordinal. It is met before the first day of the type: at once, or not at
+        // all.
+        return IsDayOfType(1, month, year, dayType) ? 0 : 1;
+    }
     const int wanted = static_cast<int>(ordinal) + 1;
     int count = 0;
     for (int day = 1; day <= days; ++day)
@@ -120,7 +126,6 @@ int PickDay(EcvReminderDayIntegralType ordinal, std::uint32_t mask)
     case EcvReminderDayIntegralType::Last:
         return std::bit_width(mask);
     default:
-        // No dialog makes such an ordinal; the walk would count towards zero.
         return (mask & 1) != 0 ? 0 : 1;
     }
 }

@@ -1,5 +1,5 @@
-// A heap that finds what plain memory forgives. Each allocation ends at an inaccessible page, so that reading or
-// writing past its end faults at once. The few bytes that alignment leaves between them are checked when
+// A heap that finds what plain memory forgives. Each allocation ends at an inaccessible page, so that reading
+// or writing past its end faults at once. The few bytes that alignment leaves between them are checked when
 // the memory is freed. Freed memory stays inaccessible for a long while, so that late use faults too.
 //
 // Replaces operator new and delete of the whole program; everything must be linked statically.
@@ -57,7 +57,8 @@ void* Allocate(std::size_t size, std::size_t alignment)
     const std::size_t pages = RoundUp(alignedSize, kPage);
     // Header page, the memory, and one page that is reserved but never committed. Memory longer than a page
     // starts somewhere in its first page, so the header always lies in the page before.
-    auto* block = static_cast<std::byte*>(VirtualAlloc(nullptr, kPage + pages + kPage, MEM_RESERVE, PAGE_NOACCESS));
+    auto* block =
+        static_cast<std::byte*>(VirtualAlloc(nullptr, kPage + pages + kPage, MEM_RESERVE, PAGE_NOACCESS));
     if (block == nullptr || VirtualAlloc(block, kPage + pages, MEM_COMMIT, PAGE_READWRITE) == nullptr)
     {
         throw std::bad_alloc();

@@ -21,8 +21,8 @@ void RequireSuccess(LSTATUS status, const char* what)
 HKEY CreateSandboxKey(const std::wstring& path)
 {
     HKEY key = nullptr;
-    RequireSuccess(RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key,
-                                   nullptr),
+    RequireSuccess(RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                                   &key, nullptr),
                    "creating a key");
     return key;
 }

@@ -19,6 +19,12 @@ inline void PrintTo(const CTime& time, std::ostream* out)
     }
 }
 
+inline std::ostream& operator<<(std::ostream& out, const CTime& time)
+{
+    PrintTo(time, &out);
+    return out;
+}
+
 inline void PrintTo(const CTimeSpan& span, std::ostream* out)
 {
     *out << span.GetTimeSpan() << " s";
