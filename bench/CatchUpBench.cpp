@@ -104,11 +104,13 @@ double MeanSteps(const std::vector<Case>& cases)
 void AddNotes(const Harness& harness, Result& result, const Comparison& comparison,
               const std::vector<Case>& cases, const std::string& pattern)
 {
-    result.notes.push_back({"steps of the walk", MeanSteps(cases)});
-    // How many of the steps measured alone fit into the time: the steps that the library takes at most.
+    result.notes.push_back({"steps walked", MeanSteps(cases)});
+    // The walk asks once more than it steps. Its own time gives the steps that the subject's time is worth,
+    // in the same turns; the step measured alone gives them across two measurements.
+    result.notes.push_back({"by time", result.ratio.median * (MeanSteps(cases) + 1)});
     if (const Result* step = harness.Find("step", pattern))
     {
-        result.notes.push_back({"time in single steps", result.subject.median / step->subject.median});
+        result.notes.push_back({"by single steps", result.subject.median / step->subject.median});
     }
     const std::uint64_t before = AllocationCount();
     comparison.subject(0);
