@@ -13,6 +13,7 @@ namespace
 {
 
 constexpr int kFailed = 1;
+constexpr int kWrongUse = 2;
 
 struct Options
 {
@@ -44,6 +45,11 @@ int Run(const Options& options)
     ts::bench::MeasureSteps(harness);
     ts::bench::MeasureCatchUp(harness);
     ts::bench::MeasureStore(harness);
+    if (harness.Results().empty())
+    {
+        std::cerr << "bench_reminders: nothing has \"" << options.settings.filter << "\" in its name\n";
+        return kWrongUse;
+    }
     if (options.json)
     {
         ts::bench::WriteJson(std::cout, harness);
@@ -65,7 +71,14 @@ int main(int argc, char** argv)
     CLI::App app("Measures the reminder library beside bare baselines.");
     Options options;
     Declare(app, options);
-    CLI11_PARSE(app, argc, argv);
+    try
+    {
+        app.parse(argc, argv);
+    }
+    catch (const CLI::ParseError& error)
+    {
+        return app.exit(error) == 0 ? 0 : kWrongUse;
+    }
     if (options.quick)
     {
         constexpr int kQuickRuns = 3;
