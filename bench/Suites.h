@@ -1,0 +1,15 @@
+#pragma once
+
+#include "bench/Harness.h"
+
+namespace ts::bench
+{
+
+/// One step to the next occurrence, per pattern, and the calendar question behind ordinal patterns.
+void MeasureSteps(Harness& harness);
+/// The due time of reminders that began 20 years ago.
+void MeasureCatchUp(Harness& harness);
+/// Loading and saving 1,000 reminders, in a registry key of this process.
+void MeasureStore(Harness& harness);
+
+} // namespace ts::bench
