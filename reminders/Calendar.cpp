@@ -1,23 +1,18 @@
 // Days of a type within their month.
 //
 // By definition a day is of a type when its local midnight, built and broken down again by the C runtime,
-// falls on such a weekday. Walking a month that way costs dozens of conversions, so the walk is replaced by
-// arithmetic wherever both agree:
-// - Every year but the first and the last that the runtime knows. In those two a midnight can lie outside
-//   the runtime's range, which raises an error on the way.
-// - Every zone whose clocks never skip midnight. Where they do, the midnight of that one day a year
-//   becomes 23:00 of the day before, so that the day counts as the weekday before.
-// The arithmetic keeps a month as a word with one bit per day: the pattern of a week, turned to the month's
-// first weekday, repeated and cut to the month's length.
+// falls on such a weekday. Walking a month that way costs dozens of conversions, so arithmetic answers
+// instead. It keeps a month as a word with one bit per day: the pattern of a week, turned to the month's
+// first weekday, repeated and cut to the month's length. Where the clocks skip a midnight, that one day
+// counts as the weekday before, and so does its bit. Only the first and the last year that the runtime knows
+// are walked: there a midnight can lie outside its range, which raises an error on the way.
 
-#include "platform/mfc/atlexcept.h"
 #include "reminders/CcvReminderDataUtilities.h"
 #include "reminders/LocalCalendar.h"
+#include "reminders/SkippedMidnights.h"
 
-#include <atomic>
 #include <bit>
 #include <chrono>
-#include <cstdlib>
 
 namespace
 {
@@ -122,7 +117,7 @@ int PickDay(EcvReminderDayIntegralType ordinal, std::uint32_t mask)
         {
             mask &= mask - 1;
         }
-        return std::countr_zero(mask) + 1;
+        return mask != 0 ? std::countr_zero(mask) + 1 : 0;
     case EcvReminderDayIntegralType::Last:
         return std::bit_width(mask);
     default:
@@ -130,55 +125,20 @@ int PickDay(EcvReminderDayIntegralType ordinal, std::uint32_t mask)
     }
 }
 
-/// Whether the clocks of the runtime's zone ever skip midnight. The runtime applies one rule to every year,
-/// so one year tells.
-bool FindSkippedMidnight()
+/// MonthMask as the runtime sees the month: the day whose midnight is skipped has the weekday of the day
+/// before.
+std::uint32_t LocalMonthMask(std::uint32_t weekdays, int year, int month, int days)
 {
-    constexpr int kAnyYear = 2024;
-    if (_daylight == 0)
+    using namespace std::chrono;
+    const std::uint32_t mask = MonthMask(weekdays, year, month, days);
+    const ts::SkippedMidnight skipped = ts::SkippedMidnightOf(year);
+    if (skipped.month != month)
     {
-        return false;
+        return mask;
     }
-    for (int month = 1; month <= 12; ++month)
-    {
-        for (int day = 1; day <= ts::DaysInMonth(month, kAnyYear); ++day)
-        {
-            if (CTime(kAnyYear, month, day, 0, 0, 0).GetDay() != day)
-            {
-                return true;
-            }
-        }
-    }
-    return false;
-}
-
-/// A number that changes when the runtime takes on another zone.
-std::uint64_t ZoneSignature()
-{
-    constexpr std::uint64_t kPrime = 0x100000001B3;
-    std::uint64_t signature =
-        static_cast<std::uint64_t>(_timezone) * kPrime ^ static_cast<std::uint64_t>(_dstbias);
-    for (const char* name = _tzname[0]; *name != '\0'; ++name)
-    {
-        signature = (signature ^ static_cast<unsigned char>(*name)) * kPrime;
-    }
-    return signature;
-}
-
-/// FindSkippedMidnight, asked once per zone.
-bool LocalMidnightsAreSkipped()
-{
-    // Signature and answer in one word, so that threads need no lock: the lowest bit is the answer, the one
-    // above tells a known zone from none.
-    static std::atomic<std::uint64_t> known{0};
-    const std::uint64_t zone = ZoneSignature() << 2 | 2;
-    std::uint64_t state = known.load(std::memory_order_relaxed);
-    if ((state & ~std::uint64_t{1}) != zone)
-    {
-        state = zone | (FindSkippedMidnight() ? 1 : 0);
-        known.store(state, std::memory_order_relaxed);
-    }
-    return (state & 1) != 0;
+    const auto before = sys_days(std::chrono::year(year) / month / skipped.day) - std::chrono::days(1);
+    const std::uint32_t bit = std::uint32_t{1} << (skipped.day - 1);
+    return (weekdays >> weekday(before).c_encoding() & 1) != 0 ? mask | bit : mask & ~bit;
 }
 
 } // namespace
@@ -220,11 +180,11 @@ int CcvReminderDataUtilities::GetDayOfMonth(EcvReminderDayIntegralType ordinal, 
     {
         return days;
     }
-    if (year <= kFirstYear || year >= kLastYear || LocalMidnightsAreSkipped())
+    if (year <= kFirstYear || year >= kLastYear)
     {
         return WalkMonth(ordinal, dayType, year, month, days);
     }
-    return PickDay(ordinal, MonthMask(weekdays, year, month, days));
+    return PickDay(ordinal, LocalMonthMask(weekdays, year, month, days));
 }
 
 void CcvReminderDataUtilities::GetDayTypeArray(CAtlArray<EcvReminderDayType>* array)

@@ -2,7 +2,7 @@
 
 #include "platform/mfc/atltime.h"
 
-#include <array>
+#include <bit>
 #include <cstdint>
 
 namespace ts
@@ -22,25 +22,50 @@ class WeekdaySteps
 {
   public:
     /// Monday to Friday. A Saturday, on which no occurrence should fall, goes on to Sunday.
-    [[nodiscard]] static WeekdaySteps EveryWeekday() noexcept;
+    [[nodiscard]] static constexpr WeekdaySteps EveryWeekday() noexcept
+    {
+        return WeekdaySteps(kWorkdays, 7, true);
+    }
     /// The days of `flags` (bit 0 Sunday to bit 6 Saturday), then those of the week `weeks` weeks on. With
     /// no day flagged it is empty and there is no next occurrence.
-    [[nodiscard]] static WeekdaySteps Weekly(long flags, int weeks) noexcept;
-
-    [[nodiscard]] bool IsEmpty() const noexcept { return m_empty; }
-    /// The days from an occurrence on that weekday to the next one; not positive where the pattern does
-    /// not advance.
-    [[nodiscard]] std::int64_t DaysAfter(int dayOfWeek) const noexcept
+    [[nodiscard]] static constexpr WeekdaySteps Weekly(long flags, int weeks) noexcept
     {
-        return m_daysAfter[static_cast<std::size_t>(dayOfWeek)];
+        return WeekdaySteps(static_cast<unsigned>(flags) & kWholeWeek, 7 * std::int64_t{weeks}, false);
     }
+
+    [[nodiscard]] constexpr bool IsEmpty() const noexcept { return m_flagged == 0; }
+
+    /// The days from an occurrence on that weekday to the next one; not positive where the pattern does
+    /// not advance. Not to be asked when empty.
+    [[nodiscard]] constexpr std::int64_t DaysAfter(int dayOfWeek) const noexcept
+    {
+        if (m_everyWeekday)
+        {
+            constexpr int kFriday = 6;
+            return dayOfWeek == kFriday ? 3 : 1;
+        }
+        // What remains of the week after that day, else the first flagged day of the week N weeks on. A time
+        // without a weekday is taken for the day before a Sunday within the same week.
+        const unsigned remaining = m_flagged >> dayOfWeek;
+        return remaining != 0 ? std::countr_zero(remaining) + 1
+                              : m_period - dayOfWeek + std::countr_zero(m_flagged) + 1;
+    }
+
     /// The days after which the pattern repeats, once it has taken two steps.
-    [[nodiscard]] std::int64_t Period() const noexcept { return m_period; }
+    [[nodiscard]] constexpr std::int64_t Period() const noexcept { return m_period; }
 
   private:
-    std::array<std::int64_t, 8> m_daysAfter{};
-    std::int64_t m_period = 7;
-    bool m_empty = false;
+    static constexpr unsigned kWholeWeek = 0b1111111;
+    static constexpr unsigned kWorkdays = 0b0111110;
+
+    constexpr WeekdaySteps(unsigned flagged, std::int64_t period, bool everyWeekday) noexcept
+        : m_flagged(flagged), m_period(period), m_everyWeekday(everyWeekday)
+    {
+    }
+
+    unsigned m_flagged;
+    std::int64_t m_period;
+    bool m_everyWeekday;
 };
 
 } // namespace ts
