@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Clock.h"
+
+#include <atomic>
+#include <cstdint>
+
+namespace ts::test
+{
+
+/// Makes the library's clock stand still while it lives. One at a time.
+class FixedClock
+{
+  public:
+    explicit FixedClock(std::int64_t now) noexcept
+    {
+        Set(now);
+        ReplaceClock(Answer);
+    }
+    FixedClock(const FixedClock&) = delete;
+    FixedClock& operator=(const FixedClock&) = delete;
+    ~FixedClock() { ReplaceClock(nullptr); }
+
+    void Set(std::int64_t now) noexcept { s_now = now; }
+
+  private:
+    static std::int64_t Answer() noexcept { return s_now; }
+
+    static inline std::atomic<std::int64_t> s_now{0};
+};
+
+} // namespace ts::test
