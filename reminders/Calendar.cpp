@@ -79,7 +79,10 @@ int WalkMonth(EcvReminderDayIntegralType ordinal, EcvReminderDayType dayType, in
         }
         return day;
     }
-    const int wanted = static_cast<int>(ordinal) + 1;
+    // An ordinal that no dialog makes may be any stored number; it counts towards zero.
+    const bool known =
+        ordinal >= EcvReminderDayIntegralType::First && ordinal <= EcvReminderDayIntegralType::Fourth;
+    const int wanted = known ? static_cast<int>(ordinal) + 1 : 0;
     int count = 0;
     for (int day = 1; day <= days; ++day)
     {
@@ -120,7 +123,7 @@ int PickDay(EcvReminderDayIntegralType ordinal, std::uint32_t mask)
     case EcvReminderDayIntegralType::Last:
         return std::bit_width(mask);
     default:
-        // No dialog makes such an ordinal; the walk would count towards zero.
+        // The walk would count towards zero.
         return (mask & 1) != 0 ? 0 : 1;
     }
 }
