@@ -17,9 +17,9 @@ function(ts_add_suite name)
   target_include_directories(${name}_objects PRIVATE ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name}_objects PRIVATE ts_warnings gtest)
 
-  ts_add_suite_program(${name} ts_objects ${name}_objects ts_test_main)
+  ts_add_suite_program(${name} ts_objects ${name}_objects ts_test_main ts_plain_heap)
   ts_add_suite_program(${name}_guard ts_objects ${name}_objects ts_test_main ts_guard_page_heap)
-  ts_add_suite_program(${name}_ubsan ts_objects_ubsan ${name}_objects ts_test_main)
+  ts_add_suite_program(${name}_ubsan ts_objects_ubsan ${name}_objects ts_test_main ts_plain_heap)
 endfunction()
 
 # ts_add_suite_program(NAME OBJECT_LIBRARIES...): one test program out of object libraries.

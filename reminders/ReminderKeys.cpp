@@ -43,12 +43,15 @@ bool HasText(const SECRegistry& key, const wchar_t* name, const CString& expecte
 
 CString CcvReminderDataUtilities::GenerateUniqueReminderKey(const CString& basePath, const CString& name)
 {
+    // The registry's names end at the first zero: with a zero inside, all candidates would be the same key.
+    const CString path = basePath.GetString();
+    const CString prefix = L"{" + CString(name.GetString()) + L"-";
     SECRegistry key;
     key.Connect(HKEY_CURRENT_USER);
     for (unsigned number = 0;; ++number)
     {
-        const CString candidate = L"{" + name + L"-" + std::to_wstring(number).c_str() + L"}";
-        if (!key.Open(CcvPathUtilities::AppendToPath(basePath, candidate), KEY_READ))
+        const CString candidate = prefix + std::to_wstring(number).c_str() + L"}";
+        if (!key.Open(CcvPathUtilities::AppendToPath(path, candidate), KEY_READ))
         {
             return candidate;
         }

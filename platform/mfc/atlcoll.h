@@ -30,14 +30,15 @@ class CAtlArray
         m_capacity = 0;
     }
 
-    /// Appends a copy of `element`; its index.
+    /// Appends a copy of `element`, which may be one of the array's own; its index.
     std::size_t Add(const E& element)
     {
+        const E copy = element;
         if (m_count == m_capacity)
         {
             Grow();
         }
-        m_elements[m_count] = element;
+        m_elements[m_count] = copy;
         return m_count++;
     }
 

@@ -1,6 +1,7 @@
 #include "platform/ts/RegistryValues.h"
 
 #include <array>
+#include <cstring>
 #include <cwchar>
 #include <string>
 #include <utility>
@@ -135,14 +136,15 @@ bool TryReadDword(HKEY key, const wchar_t* name, DWORD& value) noexcept
 
 bool TryReadUpTo4Bytes(HKEY key, const wchar_t* name, DWORD& value) noexcept
 {
-    DWORD stored = value;
+    DWORD stored = 0;
     DWORD size = sizeof stored;
     DWORD type = REG_NONE;
     if (ReadBytes(key, name, type, &stored, size) != ERROR_SUCCESS)
     {
         return false;
     }
-    value = stored;
+    // Behind a short text RegQueryValueExW writes a terminator, which is no part of the value.
+    std::memcpy(&value, &stored, size);
     return true;
 }
 

@@ -19,9 +19,10 @@ void SECRegistry::Close() noexcept
 
 bool SECRegistry::EnumerateKeys(DWORD index, CString& name) const
 {
-    // Key names have at most 255 characters.
-    wchar_t buffer[256];
-    DWORD length = 256;
+    // Key names have at most 255 characters; Wine lets one more through.
+    constexpr DWORD kRoom = 257;
+    wchar_t buffer[kRoom];
+    DWORD length = kRoom;
     if (RegEnumKeyExW(m_key.Get(), index, buffer, &length, nullptr, nullptr, nullptr, nullptr) !=
         ERROR_SUCCESS)
     {

@@ -5,6 +5,7 @@
 // Replaces operator new and delete of the whole program; everything must be linked statically.
 
 #include "platform/WindowsHeaders.h"
+#include "tests/support/HeapKind.h"
 
 #include <atomic>
 #include <bit>
@@ -102,6 +103,11 @@ void Free(void* memory) noexcept
 }
 
 } // namespace
+
+bool ts::test::UsesGuardPageHeap() noexcept
+{
+    return true;
+}
 
 void* operator new(std::size_t size)
 {

@@ -1,0 +1,66 @@
+#include "platform/mfc/atlcoll.h"
+
+#include <array>
+#include <gtest/gtest.h>
+#include <type_traits>
+
+static_assert(!std::is_copy_constructible_v<CAtlArray<int>>);
+static_assert(!std::is_copy_assignable_v<CAtlArray<int>>);
+
+TEST(CAtlArrayTest, Construction_Default_IsEmpty)
+{
+    const CAtlArray<int> array;
+    EXPECT_EQ(0u, array.GetCount());
+}
+
+TEST(CAtlArrayTest, Add_ManyElements_KeepsThemAllInOrder)
+{
+    constexpr std::size_t kCount = 10000;
+    CAtlArray<std::size_t> array;
+    for (std::size_t index = 0; index < kCount; ++index)
+    {
+        ASSERT_EQ(index, array.Add(index * index));
+        ASSERT_EQ(index + 1, array.GetCount());
+    }
+    for (std::size_t index = 0; index < kCount; ++index)
+    {
+        ASSERT_EQ(index * index, array[index]);
+    }
+}
+
+TEST(CAtlArrayTest, Add_AnElementOfItsOwn_CopiesItBeforeTheMemoryMoves)
+{
+    using Page = std::array<unsigned char, 65536>;
+    // Blocks of this size are mapped each by itself, so that what was moved away cannot be read any more.
+    CAtlArray<Page> array;
+    Page page{};
+    page.front() = 1;
+    page.back() = 2;
+    array.Add(page);
+    while (array.GetCount() < 200)
+    {
+        array.Add(array[0]);
+    }
+    for (std::size_t index = 0; index < array.GetCount(); ++index)
+    {
+        ASSERT_EQ(page, array[index]) << index;
+    }
+}
+
+TEST(CAtlArrayTest, RemoveAll_OfAFilledArray_EmptiesItForNewUse)
+{
+    CAtlArray<int> array;
+    array.RemoveAll();
+    EXPECT_EQ(0u, array.GetCount());
+    for (int round = 0; round < 3; ++round)
+    {
+        for (int element = 0; element < 40; ++element)
+        {
+            array.Add(element);
+        }
+        EXPECT_EQ(40u, array.GetCount());
+        EXPECT_EQ(39, array[39]);
+        array.RemoveAll();
+        EXPECT_EQ(0u, array.GetCount());
+    }
+}
