@@ -118,7 +118,7 @@ int PickDay(EcvReminderDayIntegralType ordinal, std::uint32_t mask)
         }
         return std::countr_zero(mask) + 1;
     case EcvReminderDayIntegralType::Last:
-        return std::bit_width(mask);
+        return static_cast<int>(std::bit_width(mask));
     default:
         // No dialog makes such an ordinal; the walk would count towards zero.
         return (mask & 1) != 0 ? 0 : 1;
