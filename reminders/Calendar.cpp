@@ -119,7 +119,7 @@ int PickDay(EcvReminderDayIntegralType ordinal, std::uint32_t mask)
         }
         return mask != 0 ? std::countr_zero(mask) + 1 : 0;
     case EcvReminderDayIntegralType::Last:
-        return std::bit_width(mask);
+        return static_cast<int>(std::bit_width(mask));
     default:
         return (mask & 1) != 0 ? 0 : 1;
     }

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-COleException::COleException(HRESULT code) noexcept : m_sc(code), m_what{}
+COleException::COleException(HRESULT code) noexcept : m_sc(code)
 {
     std::snprintf(m_what, sizeof m_what, "HRESULT 0x%08lX", static_cast<unsigned long>(code));
 }

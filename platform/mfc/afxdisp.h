@@ -12,7 +12,7 @@ class TS_API COleException : public CException
     HRESULT m_sc;
 
   private:
-    char m_what[32];
+    char m_what[32] = {};
 };
 
 [[noreturn]] TS_API void AfxThrowOleException(HRESULT code);
