@@ -36,7 +36,7 @@ int AnswerParser(const CLI::App& app, const CLI::ParseError& error, const Sessio
 {
     if (error.get_name() == "CallForHelp" || error.get_name() == "CallForAllHelp")
     {
-        session.out << app.help();
+        session.out << app.help() << "\n";
         return kDone;
     }
     if (error.get_name() == "CallForVersion")
@@ -55,7 +55,7 @@ int RunCommand(const std::vector<std::string>& arguments, Session& session, std:
     Declare(app, session);
     if (arguments.empty())
     {
-        session.out << app.help();
+        session.out << app.help() << "\n";
         return Fail(err, "a command is needed", kWrongUse);
     }
     try

@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 #include "Commands.h"
 #include "Errors.h"
+#include "Evaluation.h"
 #include "PatternOptions.h"
 #include "Store.h"
 #include "Strings.h"
@@ -153,7 +154,6 @@ void RunEdit(const ReminderArguments& arguments, const Session& session)
     {
         throw UsageError("nothing to change: give at least one option");
     }
-    CcvReminderData reminder(CString{});
     // Wrong options are reported whether or not there is such a reminder.
     CcvReminderData probe{CString()};
     SetFields(probe, arguments);
@@ -163,7 +163,7 @@ void RunEdit(const ReminderArguments& arguments, const Session& session)
     {
         due = ParseTime(*arguments.due, "--due");
     }
-    reminder = LoadReminder(arguments.key);
+    CcvReminderData reminder = LoadReminder(arguments.key);
     SetFields(reminder, arguments);
     if (newPattern || due)
     {
@@ -176,7 +176,8 @@ void RunEdit(const ReminderArguments& arguments, const Session& session)
         SetDueTimes(reminder, start);
     }
     SaveReminder(reminder);
-    session.out << "Changed. Due " << ShortTime(reminder.GetNextDueDate()) << ".\n";
+    const std::string text = ShortTime(Evaluate(reminder, CTime::GetCurrentTime()).due.value_or(CTime()));
+    session.out << (text.empty() ? "Changed.\n" : "Changed. Due " + text + ".\n");
 }
 
 } // namespace
@@ -184,7 +185,7 @@ void RunEdit(const ReminderArguments& arguments, const Session& session)
 void AddEditingCommands(CLI::App& app, Session& session)
 {
     CLI::App* add = AddCommand(app, "add", "Add a reminder and print its key",
-                               "reminders add --document C:\\maps\\plan.map"
+                               "reminders add --document \"C:\\maps\\plan.map\""
                                " --map 6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01\n"
                                "    --topic 0A9E44C2-7B1D-4E55-8C90-1F2E3D4C5B6A --subject \"Send report\"\n"
                                "    --due 2026-11-21T09:00 --lead 15m --weekly 2 --on mon,thu");
@@ -194,7 +195,7 @@ void AddEditingCommands(CLI::App& app, Session& session)
     add->callback([added, &session] { RunAdd(*added, session); });
 
     CLI::App* edit = AddCommand(app, "edit", "Change what is given of a reminder",
-                                "reminders edit {{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0} --lead 1h"
+                                "reminders edit \"{{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0}\" --lead 1h"
                                 " --monthly 1 --the last --of friday");
     const auto edited = std::make_shared<ReminderArguments>();
     AddArgument(*edit, "KEY", edited->key, "Key of the reminder");

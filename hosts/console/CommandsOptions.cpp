@@ -115,21 +115,22 @@ std::string AllOptionsText(std::size_t width)
     return table.Text(width);
 }
 
-void RunOptions(const std::string& name, const std::string& value, const Session& session)
+void RunOptions(const std::optional<std::string>& name, const std::optional<std::string>& value,
+                const Session& session)
 {
-    if (name.empty())
+    if (!name)
     {
         session.out << AllOptionsText(session.width);
         return;
     }
-    const Option& option = FindOption(name);
-    if (!value.empty())
+    const Option& option = FindOption(*name);
+    if (value)
     {
-        const bool wanted = ParseOnOff(value);
+        const bool wanted = ParseOnOff(*value);
         Write(option, wanted);
         if (option.get() != wanted)
         {
-            session.out << option.name << " is set to " << value
+            session.out << option.name << " is set to " << OnOff(wanted)
                         << ", but stays off while the Outlook add-in is not installed.\n";
             return;
         }
@@ -143,10 +144,10 @@ void AddOptionsCommand(CLI::App& app, Session& session)
 {
     CLI::App* options =
         AddCommand(app, "options", "Show all options or one, or set one", "reminders options sound off");
-    const auto name = std::make_shared<std::string>();
-    const auto value = std::make_shared<std::string>();
-    options->add_option("NAME", *name, "sound, outlook, in-progress, disable-events, add-in")->type_name("");
-    options->add_option("VALUE", *value, "on or off")->type_name("");
+    const auto name = std::make_shared<std::optional<std::string>>();
+    const auto value = std::make_shared<std::optional<std::string>>();
+    AddText(*options, "NAME", *name, "", "sound, outlook, in-progress, disable-events, add-in");
+    AddText(*options, "VALUE", *value, "", "on or off");
     options->callback([name, value, &session] { RunOptions(*name, *value, session); });
 }
 

@@ -118,7 +118,7 @@ void AddKeyCommand(CLI::App& app, Session& session, const std::string& name, con
                    void (*run)(const std::string&, const Session&))
 {
     CLI::App* command = AddCommand(app, name, description,
-                                   "reminders " + name + " {{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0}");
+                                   "reminders " + name + " \"{{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0}\"");
     const auto key = std::make_shared<std::string>();
     AddArgument(*command, "KEY", *key, "Key of the reminder");
     command->callback([key, run, &session] { run(*key, session); });
@@ -127,7 +127,7 @@ void AddKeyCommand(CLI::App& app, Session& session, const std::string& name, con
 void AddSnooze(CLI::App& app, Session& session)
 {
     CLI::App* snooze = AddCommand(app, "snooze", "Remind again after a while",
-                                  "reminders snooze {{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0} 15m");
+                                  "reminders snooze \"{{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0}\" 15m");
     const auto key = std::make_shared<std::string>();
     const auto span = std::make_shared<std::string>();
     AddArgument(*snooze, "KEY", *key, "Key of the reminder");
@@ -138,7 +138,7 @@ void AddSnooze(CLI::App& app, Session& session)
 void AddMove(CLI::App& app, Session& session)
 {
     CLI::App* move = AddCommand(app, "move", "Follow a map document to its new path",
-                                "reminders move C:\\maps\\plan.map D:\\old\\plan.map"
+                                "reminders move \"C:\\maps\\plan.map\" \"D:\\old\\plan.map\""
                                 " 6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01");
     const auto arguments = std::make_shared<MoveArguments>();
     AddArgument(*move, "OLDPATH", arguments->oldPath, "Path of the document, exactly as stored");

@@ -146,7 +146,7 @@ void RunFind(const std::string& path, const std::string& map, const std::string&
 void AddFind(CLI::App& app, Session& session)
 {
     CLI::App* find = AddCommand(app, "find", "Print the key of a topic's reminder",
-                                "reminders find C:\\maps\\plan.map 6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01"
+                                "reminders find \"C:\\maps\\plan.map\" 6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01"
                                 " 0A9E44C2-7B1D-4E55-8C90-1F2E3D4C5B6A");
     struct Arguments
     {
@@ -180,14 +180,14 @@ void AddViewingCommands(CLI::App& app, Session& session)
     list->callback([arguments, &session] { RunList(*arguments, session); });
 
     CLI::App* show = AddCommand(app, "show", "Show one reminder",
-                                "reminders show {{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0} --json");
+                                "reminders show \"{{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0}\" --json");
     AddArgument(*show, "KEY", arguments->key, "Key of the reminder");
     declareAt(*show);
     declareJson(*show);
     show->callback([arguments, &session] { RunShow(*arguments, session); });
 
     CLI::App* next = AddCommand(app, "next", "Print the occurrences that follow",
-                                "reminders next {{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0} --count 3");
+                                "reminders next \"{{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0}\" --count 3");
     AddArgument(*next, "KEY", arguments->key, "Key of the reminder");
     AddText(*next, "--count", arguments->count, "N", "How many, 1 to 1000 (default: 5)");
     AddText(*next, "--from", arguments->from, "TIME", "Those later than that time, instead of now");
