@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Session.h"
+
+#include <string>
+#include <vector>
+
+namespace ts::console
+{
+
+/// What the process ends with.
+enum ExitCode : int
+{
+    kDone = 0,
+    kFailed = 1,
+    kWrongUse = 2
+};
+
+/// Runs one command. `arguments` are UTF-8, without the program's name. Output goes to the session, the
+/// reason of a failure to `err` in one line. The exit code of the program.
+[[nodiscard]] int Run(const std::vector<std::string>& arguments, Session& session, std::ostream& err);
+
+} // namespace ts::console

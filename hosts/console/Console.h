@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/WindowsHeaders.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The process's command line and standard handles.
+namespace ts::console
+{
+
+/// The arguments after the program's name, in UTF-8.
+[[nodiscard]] std::vector<std::string> CommandLineArguments();
+
+/// The columns of the console if standard output is one, else what the variable COLUMNS says, else 100.
+[[nodiscard]] std::size_t TerminalWidth();
+
+/// Writes UTF-8 to a standard handle: as it is to files and pipes, as UTF-16 to a console. Whether all of it
+/// was written.
+[[nodiscard]] bool WriteText(DWORD standardHandle, std::string_view text);
+
+} // namespace ts::console

@@ -1,0 +1,111 @@
+#include "ConsoleHarness.h"
+
+namespace
+{
+
+class ShowCommand : public ConsoleTest
+{
+};
+
+TEST_F(ShowCommand, Json_HasExactlyTheFields)
+{
+    const Json json = SucceedJson({"show", Add("2950-03-04T09:00")});
+    std::vector<std::string> names;
+    for (const auto& [name, value] : json.items())
+    {
+        names.push_back(name);
+    }
+    EXPECT_EQ((std::vector<std::string>{"key",
+                                        "documentPath",
+                                        "mapGuid",
+                                        "objectGuid",
+                                        "outlookObjectGuid",
+                                        "outlookEntryId",
+                                        "documentTitle",
+                                        "objectTitle",
+                                        "subject",
+                                        "initialDue",
+                                        "nextDue",
+                                        "due",
+                                        "reminderTime",
+                                        "snoozeTime",
+                                        "leadSeconds",
+                                        "status",
+                                        "snoozed",
+                                        "dismissed",
+                                        "recurrenceType",
+                                        "recurrenceOptions"}),
+              names);
+    EXPECT_TRUE(json["snoozeTime"].is_null());
+    EXPECT_EQ(6u, json["recurrenceOptions"].size());
+}
+
+TEST_F(ShowCommand, Json_IsTheSameObjectAsInTheList)
+{
+    const std::string key = Add("2950-03-04T09:00", {"--daily", "2", "--lead", "1d"});
+    EXPECT_EQ(SucceedJson({"list", "--at", "2950-04-01"})[0],
+              SucceedJson({"show", key, "--at", "2950-04-01"}));
+}
+
+TEST_F(ShowCommand, OutlookIdentifiers_AreShown)
+{
+    const std::string key = Add("2950-03-04T09:00");
+    WriteText(key, L"OutlookObjectGuid", L"{guid}");
+    WriteText(key, L"OutlookEntryId", L"00AB");
+    const Json json = SucceedJson({"show", key});
+    EXPECT_EQ("{guid}", json["outlookObjectGuid"]);
+    EXPECT_EQ("00AB", json["outlookEntryId"]);
+    EXPECT_NE(std::string::npos, Succeed({"show", key}).find("00AB"));
+}
+
+TEST_F(ShowCommand, Text_NamesWhatIsThere)
+{
+    const std::string key = Add("2950-03-04T09:00", {"--title", "My topic", "--lead", "90m"});
+    const std::string text = Succeed({"show", key});
+    for (const char* part :
+         {"Subject     Send report\n", "Topic       My topic\n", "Status      pending\n",
+          "Repeats     once\n", "Lead time   90 minutes\n", "Path        C:\\maps\\plan.map\n"})
+    {
+        EXPECT_NE(std::string::npos, text.find(part)) << part << text;
+    }
+    EXPECT_NE(std::string::npos, text.find("Key         " + key)) << text;
+    EXPECT_EQ(std::string::npos, text.find("Snoozed until"));
+}
+
+TEST_F(ShowCommand, KeyInAnotherCase_IsTheSameReminder)
+{
+    Add("2950-03-04T09:00");
+    EXPECT_EQ("Send report", SucceedJson({"show", "{{6b1d7c5e-0f43-4c0b-9a35-3f1b8e6a2d01}-0}"})["subject"]);
+}
+
+TEST_F(ShowCommand, UnknownKey_FailsForEveryCommandThatTakesOne)
+{
+    const std::string key = Add("2950-03-04T09:00");
+    WriteText(key + "\\below", L"Subject", L"not a reminder");
+    const std::string unknown[] = {"{x-0}",
+                                   "",
+                                   key + "\\below",
+                                   key + "\\",
+                                   "\\" + key,
+                                   "..",
+                                   std::string(300, 'x'),
+                                   "\xE9\x80\xB1",
+                                   key.substr(0, key.size() - 1)};
+    for (const std::string& wrong : unknown)
+    {
+        for (const std::vector<std::string>& arguments : {std::vector<std::string>{"show", wrong},
+                                                          {"show", wrong, "--json"},
+                                                          {"next", wrong},
+                                                          {"next", wrong, "--json"},
+                                                          {"snooze", wrong, "1h"},
+                                                          {"dismiss", wrong},
+                                                          {"undismiss", wrong},
+                                                          {"delete", wrong},
+                                                          {"edit", wrong, "--subject", "x"}})
+        {
+            ExpectFailure(1, "there is no reminder '" + wrong + "'", arguments);
+        }
+    }
+}
+
+} // namespace
