@@ -190,7 +190,7 @@ ts_remove_prefix() {
 # The template is complete or absent: it is made under another name. It is made anew when Wine was upgraded.
 ts_make_template() {
   local template=$ts_wine/template new=$ts_wine/template.new
-  local stamp=$template/.update-timestamp
+  local stamp=$template/.update-timestamp status=0
   # Wine's stamp ends with a carriage return.
   if [[ -f $stamp && $(<"$stamp") == "$(stat -c %Y /usr/share/wine/wine.inf)"* ]]; then
     return
@@ -205,7 +205,12 @@ ts_make_template() {
     # In the background, because the shell answers signals only while it waits.
     ts_quietly "$ts_wine/template.log" ts_fill_template "$new" &
     wait $!
-  ) || ts_fail 1 "the Wine prefix cannot be created"
+  ) || status=$?
+  if ((status > 128)); then
+    exit "$status"
+  elif ((status != 0)); then
+    ts_fail 1 "the Wine prefix cannot be created"
+  fi
   ts_own_folders "$new"
   rm -rf "$template"
   mv "$new" "$template"
@@ -263,6 +268,9 @@ ts_set_up() {
 
 ts_do_set_up() {
   ts_require_packages "${ts_packages[@]}"
+  # For the compiler's temporary files.
+  mkdir -p "$ts_build/tmp"
+  export TMPDIR=$ts_build/tmp
   ts_configure
   ts_build_target "$1"
   ts_make_template

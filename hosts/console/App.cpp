@@ -4,6 +4,9 @@
 #include "Commands.h"
 #include "DisplayText.h"
 #include "Errors.h"
+#include "Strings.h"
+
+#include <algorithm>
 
 namespace ts::console
 {
@@ -13,6 +16,7 @@ namespace
 void Declare(CLI::App& app, Session& session)
 {
     app.name("reminders");
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
     // A path that begins with a slash is no option.
     app.allow_windows_style_options(false);
     app.set_version_flag("--version", std::string("reminders " TS_VERSION));
@@ -31,8 +35,15 @@ int Fail(std::ostream& err, const std::string& reason, ExitCode code)
     return code;
 }
 
+bool HasCommand(const CLI::App& app, const std::string& name)
+{
+    const auto commands = app.get_subcommands([](const CLI::App*) { return true; });
+    return std::ranges::any_of(commands, [&](const CLI::App* command) { return command->check_name(name); });
+}
+
 /// Help and version are exceptions of the parser, too.
-int AnswerParser(const CLI::App& app, const CLI::ParseError& error, const Session& session, std::ostream& err)
+int AnswerParser(const CLI::App& app, const CLI::ParseError& error, const std::vector<std::string>& arguments,
+                 const Session& session, std::ostream& err)
 {
     if (error.get_name() == "CallForHelp" || error.get_name() == "CallForAllHelp")
     {
@@ -46,7 +57,18 @@ int AnswerParser(const CLI::App& app, const CLI::ParseError& error, const Sessio
     }
     const auto commands = app.get_subcommands();
     const std::string command = commands.empty() ? "" : " " + commands.front()->get_name();
-    return Fail(err, std::string(error.what()) + " (see reminders" + command + " --help)", kWrongUse);
+    // The parser would only say that a command is missing, or that some argument was not expected.
+    const std::string& first = arguments.front();
+    std::string reason = error.what();
+    if (first.starts_with('-'))
+    {
+        reason = "an option comes after its command: " + Quoted(first);
+    }
+    else if (!HasCommand(app, first))
+    {
+        reason = "there is no command " + Quoted(first);
+    }
+    return Fail(err, reason + " (see reminders" + command + " --help)", kWrongUse);
 }
 
 int RunCommand(const std::vector<std::string>& arguments, Session& session, std::ostream& err)
@@ -66,7 +88,7 @@ int RunCommand(const std::vector<std::string>& arguments, Session& session, std:
     }
     catch (const CLI::ParseError& error)
     {
-        return AnswerParser(app, error, session, err);
+        return AnswerParser(app, error, arguments, session, err);
     }
 }
 
