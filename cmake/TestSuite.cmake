@@ -32,6 +32,8 @@ function(ts_add_suite_program name)
   target_link_libraries(${name} PRIVATE gtest ${TS_SYSTEM_LIBRARIES})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin/tests)
   add_test(NAME ${name} COMMAND ${name})
+  # An endless loop must end as a failure; no suite needs a tenth of this.
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
 endfunction()
 
 # ts_run_in_zones(SUITE ZONES...): registers the suite once more per time zone. Under Wine the zone comes from the

@@ -1,13 +1,15 @@
 #include "platform/ts/RegistryValues.h"
-#include "tests/support/RandomSource.h"
 #include "tests/support/RawRegistry.h"
 #include "tests/support/TextOutput.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <limits>
 #include <optional>
 #include <string>
+#include <vector>
 
 using ts::test::Bytes;
 using ts::test::BytesOf;

@@ -2,11 +2,9 @@
 
 #include "reminders/CcvReminderDataUtilities.h"
 #include "tests/reminders/storage/StoreTest.h"
+#include "tests/support/Background.h"
 #include "tests/support/HeapKind.h"
 
-#include <atomic>
-#include <functional>
-#include <thread>
 #include <vector>
 
 namespace ts::test
@@ -15,38 +13,6 @@ namespace
 {
 
 using ConcurrentStoreTest = StoreTest;
-
-/// Runs `work` again and again on a thread of its own while it lives.
-class Background
-{
-  public:
-    explicit Background(std::function<void()> work)
-        : m_thread(
-              [this, work = std::move(work)]
-              {
-                  while (!m_stop)
-                  {
-                      work();
-                      ++m_rounds;
-                  }
-              })
-    {
-    }
-    Background(const Background&) = delete;
-    Background& operator=(const Background&) = delete;
-    ~Background()
-    {
-        m_stop = true;
-        m_thread.join();
-    }
-
-    [[nodiscard]] int Rounds() const { return m_rounds; }
-
-  private:
-    std::atomic<bool> m_stop{false};
-    std::atomic<int> m_rounds{0};
-    std::thread m_thread;
-};
 
 /// A record all of whose fields show that letter; long texts exceed what a read holds at once.
 CcvReminderData RecordOf(wchar_t letter, std::size_t length)
