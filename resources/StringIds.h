@@ -1,7 +1,7 @@
 #pragma once
 
 // Numbers of the strings in the language DLLs. They are macros because the resource compiler reads them too.
-// A template's placeholders are those of CString::Format: %d takes an int, %s a wide string, and each
+// A template holds the placeholder that stands behind its number: %d for a whole number, %s for a text, and each
 // language keeps their order.
 
 // Due-in texts of the reminder lists. The two frames take one of the counts as %s.
