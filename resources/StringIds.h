@@ -1,8 +1,8 @@
 #pragma once
 
 // Numbers of the strings in the language DLLs. They are macros because the resource compiler reads them too.
-// A template holds the placeholder that stands behind its number: %d for a whole number, %s for a text, and each
-// language keeps their order.
+// A template holds the placeholder that stands behind its number: %d for a whole number, %s for a text, and
+// each language keeps their order.
 
 // Due-in texts of the reminder lists. The two frames take one of the counts as %s.
 #define IDS_DUE_IN 201      // %s: not yet due
