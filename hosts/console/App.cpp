@@ -4,6 +4,7 @@
 #include "Commands.h"
 #include "DisplayText.h"
 #include "Errors.h"
+#include "Strings.h"
 
 namespace ts::console
 {
@@ -13,6 +14,7 @@ namespace
 void Declare(CLI::App& app, Session& session)
 {
     app.name("reminders");
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
     // A path that begins with a slash is no option.
     app.allow_windows_style_options(false);
     app.set_version_flag("--version", std::string("reminders " TS_VERSION));
@@ -32,7 +34,8 @@ int Fail(std::ostream& err, const std::string& reason, ExitCode code)
 }
 
 /// Help and version are exceptions of the parser, too.
-int AnswerParser(const CLI::App& app, const CLI::ParseError& error, const Session& session, std::ostream& err)
+int AnswerParser(const CLI::App& app, const CLI::ParseError& error, const std::vector<std::string>& arguments,
+                 const Session& session, std::ostream& err)
 {
     if (error.get_name() == "CallForHelp" || error.get_name() == "CallForAllHelp")
     {
@@ -44,9 +47,19 @@ int AnswerParser(const CLI::App& app, const CLI::ParseError& error, const Sessio
         session.out << error.what() << "\n";
         return kDone;
     }
-    const auto commands = app.get_subcommands();
-    const std::string command = commands.empty() ? "" : " " + commands.front()->get_name();
-    return Fail(err, std::string(error.what()) + " (see reminders" + command + " --help)", kWrongUse);
+    // Of these two the parser would only say that a command is missing, or some argument not expected.
+    const std::string& first = arguments.front();
+    if (first.starts_with('-'))
+    {
+        return Fail(err, "an option comes after its command: " + Quoted(first) + " (see reminders --help)",
+                    kWrongUse);
+    }
+    if (app.get_subcommands([&first](const CLI::App* command) { return command->get_name() == first; })
+            .empty())
+    {
+        return Fail(err, "there is no command " + Quoted(first) + " (see reminders --help)", kWrongUse);
+    }
+    return Fail(err, std::string(error.what()) + " (see reminders " + first + " --help)", kWrongUse);
 }
 
 int RunCommand(const std::vector<std::string>& arguments, Session& session, std::ostream& err)
@@ -66,7 +79,7 @@ int RunCommand(const std::vector<std::string>& arguments, Session& session, std:
     }
     catch (const CLI::ParseError& error)
     {
-        return AnswerParser(app, error, session, err);
+        return AnswerParser(app, error, arguments, session, err);
     }
 }
 

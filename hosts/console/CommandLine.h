@@ -15,6 +15,7 @@ namespace ts::console
                                           const std::string& description, const std::string& example)
 {
     CLI::App* command = app.add_subcommand(name, description);
+    command->group("Commands");
     command->footer("Example:\n  " + example);
     return command;
 }

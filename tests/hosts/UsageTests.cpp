@@ -78,6 +78,15 @@ TEST_F(Usage, WrongUse_IsOneLineAndExitCode2)
     }
 }
 
+TEST_F(Usage, UnknownCommand_IsNamed)
+{
+    ExpectFailure(2, "there is no command 'unknown'", {"unknown", "list"});
+    ExpectFailure(2,
+                  "there is no command 'a\xEF\xBF\xBD"
+                  "b'",
+                  {"a\nb"});
+}
+
 TEST_F(Usage, KeyNamedLikeACommand_IsAKey)
 {
     WriteText("list", L"Subject", L"odd");
