@@ -6,6 +6,9 @@
 class CcvResourceManager
 {
   public:
+    CcvResourceManager() = default;
+    CcvResourceManager(const CcvResourceManager&) = delete;
+    CcvResourceManager& operator=(const CcvResourceManager&) = delete;
     virtual ~CcvResourceManager();
 
     /// The language library's handle, which stays its loader's; null when there is none. The loader is asked

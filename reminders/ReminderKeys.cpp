@@ -50,7 +50,7 @@ CString CcvReminderDataUtilities::GenerateUniqueReminderKey(const CString& baseP
     key.Connect(HKEY_CURRENT_USER);
     for (unsigned number = 0;; ++number)
     {
-        const CString candidate = prefix + std::to_wstring(number).c_str() + L"}";
+        CString candidate = prefix + std::to_wstring(number).c_str() + L"}";
         if (!key.Open(CcvPathUtilities::AppendToPath(path, candidate), KEY_READ))
         {
             return candidate;

@@ -25,7 +25,7 @@ struct Option
     void (*set)(bool);
 };
 
-constexpr std::array<Option, 5> kOptions = {{
+const std::array<Option, 5> kOptions = {{
     {"sound", L"PlayTicklerSound", "play a sound with an alert", Options::GetPlaySoundWithTickler,
      Options::SetPlaySoundWithTickler},
     {"outlook", L"SynchronizeOutlookAppoints", "mirror reminders in Outlook",

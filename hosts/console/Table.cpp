@@ -34,7 +34,7 @@ void Table::AddColumn(std::string heading, std::size_t leastWidth)
     m_rows.front().push_back(std::move(heading));
 }
 
-void Table::AddRow(std::vector<std::string> cells, std::string note)
+void Table::AddRow(std::vector<std::string> cells, const std::string& note)
 {
     for (std::size_t index = 0; index < cells.size(); ++index)
     {

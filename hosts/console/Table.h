@@ -22,7 +22,7 @@ class Table
     void AddColumn(std::string heading, std::size_t leastWidth);
     /// As many cells as there are columns; they may hold any UTF-8. `note`, where there is one, stands in a
     /// line of its own below the row, indented and whole.
-    void AddRow(std::vector<std::string> cells, std::string note = {});
+    void AddRow(std::vector<std::string> cells, const std::string& note = {});
 
     /// The columns that the table takes when nothing is cut, without notes.
     [[nodiscard]] std::size_t NaturalWidth() const;

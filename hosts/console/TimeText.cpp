@@ -132,8 +132,8 @@ std::optional<Fields> ReadFields(std::string_view text)
 
 std::chrono::year_month_day DateOf(const Fields& fields)
 {
-    return std::chrono::year(fields.year) / static_cast<unsigned>(fields.month) /
-           static_cast<unsigned>(fields.day);
+    return std::chrono::year(fields.year) / std::chrono::month(static_cast<unsigned>(fields.month)) /
+           std::chrono::day(static_cast<unsigned>(fields.day));
 }
 
 /// The fields as if they were UTC.

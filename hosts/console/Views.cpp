@@ -29,7 +29,7 @@ std::string DueInOrNothing(const Evaluation& evaluation)
 /// The document's title, or its file name where it has none.
 std::string DocumentName(const CcvReminderData& reminder)
 {
-    const std::string title = FromLibrary(reminder.GetDocumentTitle());
+    std::string title = FromLibrary(reminder.GetDocumentTitle());
     if (!title.empty())
     {
         return title;
@@ -143,7 +143,7 @@ std::string DetailText(const CcvReminderData& reminder, const Evaluation& evalua
         {"Subject", FromLibrary(reminder.GetSubject())},
         {"Topic", FromLibrary(reminder.GetObjectTitle())},
         {"Due", ShortTimeOrNothing(evaluation.due)},
-        {"Due in", DueInOrNothing(evaluation)},
+        {"When", DueInOrNothing(evaluation)},
         {"Status", StatusText(reminder, evaluation)},
         {"Repeats", PatternText(reminder)},
         {"First due", ShortTime(reminder.GetInitialDueDate())},

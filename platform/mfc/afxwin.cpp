@@ -23,13 +23,13 @@ class ThreadSlot
         SetLastError(error);
         return value;
     }
-    void Set(void* value) noexcept { TlsSetValue(m_index, value); }
+    void Set(void* value) const noexcept { TlsSetValue(m_index, value); }
 
   private:
     DWORD m_index;
 };
 
-ThreadSlot g_resourceModule;
+const ThreadSlot g_resourceModule;
 
 } // namespace
 
@@ -42,7 +42,7 @@ HINSTANCE AfxGetInstanceHandle() noexcept
 
 HINSTANCE AfxGetResourceHandle() noexcept
 {
-    const auto module = static_cast<HINSTANCE>(g_resourceModule.Get());
+    auto* const module = static_cast<HINSTANCE>(g_resourceModule.Get());
     return module != nullptr ? module : AfxGetInstanceHandle();
 }
 
