@@ -3,6 +3,7 @@
 /// The one header that a host includes: all public classes of TsServiceUtilities.dll.
 
 #include "module/CcvReminderOptionUtilities.h"
+#include "module/InterfaceLanguage.h"
 #include "module/RegistryPaths.h"
 #include "platform/mfc/atlexcept.h"
 #include "reminders/CcvReminderData.h"

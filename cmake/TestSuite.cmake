@@ -31,6 +31,7 @@ function(ts_add_suite_program name)
   add_executable(${name} ${objects})
   target_link_libraries(${name} PRIVATE gtest ${TS_SYSTEM_LIBRARIES})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin/tests)
+  add_dependencies(${name} ts_languages_beside_tests)
   add_test(NAME ${name} COMMAND ${name})
   # An endless loop must end as a failure; no suite needs a tenth of this.
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)

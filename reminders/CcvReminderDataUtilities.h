@@ -66,4 +66,13 @@ class TS_API CcvReminderDataUtilities
     static CTime CalculateNextWeeklyRecurrentDueTime(const CTime& from, const CcvReminderData* record);
     static CTime CalculateNextMonthlyRecurrentDueTime(const CTime& from, const CcvReminderData* record);
     static CTime CalculateNextYearlyRecurrentDueTime(const CTime& from, const CcvReminderData* record);
+
+    // Texts in the interface language. Both raise what GetCalculatedDueTime raises.
+
+    /// How far away the record's due time at `now` is, in one rounded unit from minutes to years: due in 2
+    /// hours, overdue by 1 week. Never less than one minute.
+    static CString GetDueInString(CcvReminderData* record, const CTime& now);
+    /// The record's tooltip at `now` in mark-up: its subject in bold, and on a second line whether it is
+    /// overdue, due, or to come, then its due date and time in the user's short format.
+    static CString GetReminderTooltip(CcvReminderData* record, const CTime& now);
 };

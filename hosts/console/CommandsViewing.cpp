@@ -24,7 +24,31 @@ struct ViewArguments
     std::optional<std::string> at;
     std::optional<std::string> from;
     std::optional<std::string> count;
+    std::optional<std::string> language;
     bool json = false;
+    bool tooltip = false;
+};
+
+/// The language of the library's texts, for this command only.
+class LanguageChoice
+{
+  public:
+    explicit LanguageChoice(const std::optional<std::string>& language)
+    {
+        if (!language)
+        {
+            return;
+        }
+        const std::string name = ToLower(*language);
+        if (name != "en" && name != "de" && name != "fr")
+        {
+            throw UsageError("--language takes en, de or fr, not " + Quoted(*language));
+        }
+        SetInterfaceLanguage(ToLibrary(name));
+    }
+    LanguageChoice(const LanguageChoice&) = delete;
+    LanguageChoice& operator=(const LanguageChoice&) = delete;
+    ~LanguageChoice() { SetInterfaceLanguage(nullptr); }
 };
 
 CTime TimeOrNow(const std::optional<std::string>& text, std::string_view option)
@@ -56,6 +80,7 @@ Filter ParseFilter(const std::optional<std::string>& text)
 
 void RunList(const ViewArguments& arguments, const Session& session)
 {
+    const LanguageChoice language(arguments.language);
     const Filter filter = ParseFilter(arguments.filter);
     const CTime now = TimeOrNow(arguments.at, "--at");
     const std::vector<ListedReminder> listed = FilterAndSort(LoadReminders(), filter, now);
@@ -78,10 +103,29 @@ void RunList(const ViewArguments& arguments, const Session& session)
     }
 }
 
+std::string TooltipOf(CcvReminderData reminder, CTime now)
+{
+    try
+    {
+        return Printable(FromLibrary(CcvReminderDataUtilities::GetReminderTooltip(&reminder, now)));
+    }
+    catch (const COleException&)
+    {
+        throw OperationError("the pattern of " + Quoted(FromLibrary(reminder.GetReminderKey())) +
+                             " is damaged: there is no due time to tell");
+    }
+}
+
 void RunShow(const ViewArguments& arguments, const Session& session)
 {
+    const LanguageChoice language(arguments.language);
     const CTime now = TimeOrNow(arguments.at, "--at");
     const CcvReminderData reminder = LoadReminder(arguments.key);
+    if (arguments.tooltip)
+    {
+        session.out << TooltipOf(reminder, now) << "\n";
+        return;
+    }
     const Evaluation evaluation = Evaluate(reminder, now);
     session.out << (arguments.json ? JsonText(ReminderJson(reminder, evaluation))
                                    : DetailText(reminder, evaluation, session.width));
@@ -170,12 +214,18 @@ void AddViewingCommands(CLI::App& app, Session& session)
     const auto declareAt = [&](CLI::App& command)
     { AddText(command, "--at", arguments->at, "TIME", "What holds at that time, instead of now"); };
     const auto declareJson = [&](CLI::App& command)
-    { command.add_flag("--json", arguments->json, "Print one JSON document"); };
+    { return command.add_flag("--json", arguments->json, "Print one JSON document"); };
+    const auto declareLanguage = [&](CLI::App& command)
+    {
+        AddText(command, "--language", arguments->language, "LANGUAGE",
+                "en, de or fr for the library's texts, instead of the user's language");
+    };
 
     CLI::App* list = AddCommand(app, "list", "List reminders by due time",
                                 "reminders list --filter today --at 2026-11-21T09:00");
     AddText(*list, "--filter", arguments->filter, "FILTER", "all, recent (31 days), today, due");
     declareAt(*list);
+    declareLanguage(*list);
     declareJson(*list);
     list->callback([arguments, &session] { RunList(*arguments, session); });
 
@@ -183,7 +233,9 @@ void AddViewingCommands(CLI::App& app, Session& session)
                                 "reminders show \"{{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0}\" --json");
     AddArgument(*show, "KEY", arguments->key, "Key of the reminder");
     declareAt(*show);
-    declareJson(*show);
+    declareLanguage(*show);
+    show->add_flag("--tooltip", arguments->tooltip, "Print the reminder's tooltip, in mark-up")
+        ->excludes(declareJson(*show));
     show->callback([arguments, &session] { RunShow(*arguments, session); });
 
     CLI::App* next = AddCommand(app, "next", "Print the occurrences that follow",

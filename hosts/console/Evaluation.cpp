@@ -55,8 +55,14 @@ CTime FirstOccurrenceAfter(CcvReminderData& walker, CTime from)
 Evaluation Evaluate(const CcvReminderData& reminder, CTime now)
 {
     CcvReminderData copy(reminder);
-    return {Ask([&] { return copy.GetCalculatedDueTime(now); }),
-            Ask([&] { return copy.GetReminderTime(now); }), Ask([&] { return copy.GetReminderStatus(now); })};
+    Evaluation evaluation = {Ask([&] { return copy.GetCalculatedDueTime(now); }),
+                             Ask([&] { return copy.GetReminderTime(now); }),
+                             Ask([&] { return copy.GetReminderStatus(now); }), std::nullopt};
+    if (evaluation.due && IsCalendarTime(*evaluation.due))
+    {
+        evaluation.dueIn = Ask([&] { return CcvReminderDataUtilities::GetDueInString(&copy, now); });
+    }
+    return evaluation;
 }
 
 bool Passes(Filter filter, const Evaluation& evaluation, CTime now)

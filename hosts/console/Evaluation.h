@@ -16,6 +16,8 @@ struct Evaluation
     std::optional<CTime> due;
     std::optional<CTime> reminderTime;
     std::optional<CcvReminderData::ReminderStatus> status;
+    /// How far away the due time is, in the interface language; also missing where there is no due time.
+    std::optional<CString> dueIn;
 };
 
 /// Works on a copy: asking a recurring reminder for its due time would move it on.

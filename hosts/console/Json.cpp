@@ -74,6 +74,7 @@ Json ReminderJson(const CcvReminderData& reminder, const Evaluation& evaluation)
     json["initialDue"] = TimeJson(reminder.GetInitialDueDate());
     json["nextDue"] = TimeJson(reminder.GetNextDueDate());
     json["due"] = TimeJson(evaluation.due);
+    json["dueIn"] = evaluation.dueIn ? Json(FromLibrary(*evaluation.dueIn)) : Json(nullptr);
     json["reminderTime"] = TimeJson(evaluation.reminderTime);
     json["snoozeTime"] = TimeJson(reminder.GetSnoozeTime());
     json["leadSeconds"] = reminder.GetReminderTimeSpan().GetTimeSpan();

@@ -1,5 +1,6 @@
 #include "Views.h"
 
+#include "DisplayText.h"
 #include "PatternText.h"
 #include "Strings.h"
 #include "Table.h"
@@ -18,6 +19,11 @@ constexpr std::size_t kComfortableTextWidth = 60;
 std::string ShortTimeOrNothing(std::optional<CTime> time)
 {
     return time ? ShortTime(*time) : std::string();
+}
+
+std::string DueInOrNothing(const Evaluation& evaluation)
+{
+    return evaluation.dueIn ? FromLibrary(*evaluation.dueIn) : std::string();
 }
 
 /// The document's title, or its file name where it has none.
@@ -50,7 +56,15 @@ std::string LibraryStatusText(CcvReminderData::ReminderStatus status)
     return {};
 }
 
-Table BuildList(const std::vector<ListedReminder>& reminders, bool keyColumn)
+/// The line below a row: the key, and the distance where the terminal has room for it.
+std::string NoteText(const std::string& key, const std::string& dueIn, std::size_t width)
+{
+    constexpr std::size_t kIndentation = 2;
+    const std::string both = dueIn.empty() ? key : key + "  " + dueIn;
+    return kIndentation + DisplayWidth(Printable(both)) <= width ? both : key;
+}
+
+Table BuildList(const std::vector<ListedReminder>& reminders, bool keyColumn, std::size_t width)
 {
     Table table;
     table.AddColumn("DUE", Table::kWhole);
@@ -60,6 +74,7 @@ Table BuildList(const std::vector<ListedReminder>& reminders, bool keyColumn)
     table.AddColumn("REPEATS", kLeastTextWidth);
     if (keyColumn)
     {
+        table.AddColumn("WHEN", Table::kWhole);
         table.AddColumn("KEY", Table::kWhole);
     }
     for (const auto& [reminder, evaluation] : reminders)
@@ -68,27 +83,29 @@ Table BuildList(const std::vector<ListedReminder>& reminders, bool keyColumn)
         std::vector<std::string> cells = {
             ShortTimeOrNothing(evaluation.due), StatusText(reminder, evaluation),
             FromLibrary(reminder.GetSubject()), DocumentName(reminder), PatternText(reminder)};
+        const std::string dueIn = DueInOrNothing(evaluation);
         if (keyColumn)
         {
+            cells.push_back(dueIn);
             cells.push_back(key);
         }
-        table.AddRow(std::move(cells), keyColumn ? std::string() : key);
+        table.AddRow(std::move(cells), keyColumn ? std::string() : NoteText(key, dueIn, width));
     }
     return table;
 }
 
-/// The columns that dates, status and keys need beside the texts.
+/// The columns that dates, status, distances and keys need beside the texts.
 std::size_t WidthBesideTexts(const std::vector<ListedReminder>& reminders)
 {
     Table table;
-    for (const char* heading : {"DUE", "STATUS", "KEY"})
+    for (const char* heading : {"DUE", "STATUS", "WHEN", "KEY"})
     {
         table.AddColumn(heading, Table::kWhole);
     }
     for (const auto& [reminder, evaluation] : reminders)
     {
         table.AddRow({ShortTimeOrNothing(evaluation.due), StatusText(reminder, evaluation),
-                      FromLibrary(reminder.GetReminderKey())});
+                      DueInOrNothing(evaluation), FromLibrary(reminder.GetReminderKey())});
     }
     return table.NaturalWidth();
 }
@@ -115,9 +132,9 @@ std::string StatusText(const CcvReminderData& reminder, const Evaluation& evalua
 
 std::string ListText(const std::vector<ListedReminder>& reminders, std::size_t width)
 {
-    const bool keyColumn = BuildList(reminders, true).NaturalWidth() <= width ||
+    const bool keyColumn = BuildList(reminders, true, width).NaturalWidth() <= width ||
                            WidthBesideTexts(reminders) + kComfortableTextWidth <= width;
-    return BuildList(reminders, keyColumn).Text(width);
+    return BuildList(reminders, keyColumn, width).Text(width);
 }
 
 std::string DetailText(const CcvReminderData& reminder, const Evaluation& evaluation, std::size_t width)
@@ -126,6 +143,7 @@ std::string DetailText(const CcvReminderData& reminder, const Evaluation& evalua
         {"Subject", FromLibrary(reminder.GetSubject())},
         {"Topic", FromLibrary(reminder.GetObjectTitle())},
         {"Due", ShortTimeOrNothing(evaluation.due)},
+        {"Due in", DueInOrNothing(evaluation)},
         {"Status", StatusText(reminder, evaluation)},
         {"Repeats", PatternText(reminder)},
         {"First due", ShortTime(reminder.GetInitialDueDate())},

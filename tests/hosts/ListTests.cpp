@@ -109,8 +109,9 @@ TEST_F(ListCommand, WideTerminal_HasKeysInAColumn)
     std::string row;
     std::getline(lines, heading);
     std::getline(lines, row);
-    EXPECT_NE(std::string::npos, heading.find("SUBJECT  DOCUMENT  REPEATS        KEY"));
-    EXPECT_NE(std::string::npos, row.find("pending  Bericht  Plan      every weekday  " + key)) << row;
+    EXPECT_NE(std::string::npos, heading.find("SUBJECT  DOCUMENT  REPEATS        WHEN           KEY"));
+    EXPECT_NE(std::string::npos, row.find("pending  Bericht  Plan      every weekday  Due in 3 days  " + key))
+        << row;
 }
 
 TEST_F(ListCommand, AnyTerminal_ShowsKeysWholeAndLinesThatFit)

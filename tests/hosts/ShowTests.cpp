@@ -1,5 +1,7 @@
 #include "ConsoleHarness.h"
 
+#include <array>
+
 namespace
 {
 
@@ -27,6 +29,7 @@ TEST_F(ShowCommand, Json_HasExactlyTheFields)
                                         "initialDue",
                                         "nextDue",
                                         "due",
+                                        "dueIn",
                                         "reminderTime",
                                         "snoozeTime",
                                         "leadSeconds",
@@ -45,6 +48,69 @@ TEST_F(ShowCommand, Json_IsTheSameObjectAsInTheList)
     const std::string key = Add("2950-03-04T09:00", {"--daily", "2", "--lead", "1d"});
     EXPECT_EQ(SucceedJson({"list", "--at", "2950-04-01"})[0],
               SucceedJson({"show", key, "--at", "2950-04-01"}));
+}
+
+TEST_F(ShowCommand, DueIn_IsToldInTheChosenLanguage)
+{
+    const std::string key = Add("2950-03-04T09:00");
+    const std::vector<std::array<std::string, 3>> rows = {
+        {"en", "2950-03-04T07:00", "Due in 2 hours"},
+        {"de", "2950-03-04T07:00", "F\xC3\xA4llig in 2 Stunden"},
+        {"fr", "2950-03-04T07:00",
+         "\xC3\x89"
+         "ch\xC3\xA9"
+         "ance dans 2 heures"},
+        {"DE", "2950-03-14T09:00",
+         "Seit 1 Woche \xC3\xBC"
+         "berf\xC3\xA4llig"},
+        {"fr", "2950-03-14T09:00", "En retard de 1 semaine"},
+    };
+    for (const auto& [language, at, expected] : rows)
+    {
+        EXPECT_EQ(expected, SucceedJson({"show", key, "--at", at, "--language", language})["dueIn"]);
+        EXPECT_EQ(expected, SucceedJson({"list", "--at", at, "--language", language})[0]["dueIn"]);
+        EXPECT_NE(std::string::npos,
+                  Succeed({"show", key, "--at", at, "--language", language}).find(expected));
+        EXPECT_NE(std::string::npos, Succeed({"list", "--at", at, "--language", language}).find(expected));
+    }
+}
+
+TEST_F(ShowCommand, DueIn_OfAReminderWithoutDueTime_IsNull)
+{
+    const std::string key = Add("2950-03-04T09:00", {"--weekly", "1", "--on", "mon"});
+    WriteInt64(key, L"NextRecurrentDueDate", 0);
+    WriteDword(key, L"RecurrenceOption2", 0);
+    EXPECT_TRUE(SucceedJson({"show", key})["dueIn"].is_null());
+}
+
+TEST_F(ShowCommand, Tooltip_IsTheMarkup)
+{
+    const std::string key = Add("2950-03-04T09:00");
+    WriteText(key, L"Subject", L"R&D <b>");
+    const std::string english =
+        Succeed({"show", key, "--tooltip", "--at", "2950-03-04T09:00", "--language", "en"});
+    EXPECT_EQ(0u, english.find("<b>R&amp;D &lt;b&gt;</b><br>Due now"));
+    const std::string german =
+        Succeed({"show", key, "--tooltip", "--at", "2950-03-04T09:00", "--language", "de"});
+    EXPECT_NE(std::string::npos, german.find("</b><br>Jetzt f\xC3\xA4llig"));
+    EXPECT_EQ(english.substr(english.rfind(' ')), german.substr(german.rfind(' ')))
+        << "the date is the user's";
+}
+
+TEST_F(ShowCommand, TooltipOfADamagedPattern_IsAClearFailure)
+{
+    const std::string key = Add("2000-03-04T09:00", {"--monthly", "1", "--day", "4"});
+    WriteDword(key, L"RecurrenceOption2", 0);
+    WriteInt64(key, L"NextRecurrentDueDate", 952'000'000);
+    ExpectFailure(1, "there is no due time", {"show", key, "--tooltip"});
+}
+
+TEST_F(ShowCommand, LanguageAndTooltip_WrongUse)
+{
+    const std::string key = Add("2950-03-04T09:00");
+    ExpectFailure(2, "--language takes en, de or fr, not 'es'", {"show", key, "--language", "es"});
+    ExpectFailure(2, "--language takes en, de or fr, not 'es'", {"list", "--language", "es"});
+    ExpectFailure(2, "--json", {"show", key, "--tooltip", "--json"});
 }
 
 TEST_F(ShowCommand, OutlookIdentifiers_AreShown)

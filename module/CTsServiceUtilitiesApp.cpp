@@ -1,0 +1,8 @@
+#include "module/CTsServiceUtilitiesApp.h"
+
+namespace
+{
+
+CTsServiceUtilitiesApp g_application;
+
+} // namespace
