@@ -71,6 +71,6 @@ reminders)
 esac
 
 ts_exit_on_signals
-trap 'ts_await_wine "$prefix"' EXIT
 ts_set_up reminders
+trap 'ts_await_wine "$prefix"' EXIT
 "$command" "$@"

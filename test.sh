@@ -7,26 +7,28 @@ source "$(dirname -- "${BASH_SOURCE[0]}")/tools/common.sh"
 
 prefix=$ts_build/testprefix
 export TS_WINEPREFIX=$prefix
+tests=
 
-run_tests() {
-  ts_exit_on_signals
-  ctest=
-  # shellcheck disable=SC2154 # ctest is empty until it runs
-  trap '[[ -z $ctest ]] || kill "$ctest" 2>/dev/null || true; ts_stop_wine "$prefix"' EXIT
-  ts_remove_prefix "$prefix"
-  ts_make_prefix "$prefix"
-  # One server for all tests. Should this script be killed, it ends by itself.
-  ts_in_wine "$prefix" "$ts_wine_server" -p10
-  "$ts_root/tools/wine-run" cmd.exe /c ver >"$ts_build/warm-up.log" 9>&-
-
-  # In the background, because the shell answers signals only while it waits.
-  cd "$ts_root"
-  ctest --preset default --parallel "${CTEST_PARALLEL_LEVEL:-$(nproc)}" --output-on-failure \
-    --no-tests=error "$@" </dev/null 9>&- &
-  ctest=$!
-  wait "$ctest"
+stop() {
+  [[ -z $tests ]] || kill "$tests" 2>/dev/null || true
+  ts_stop_wine "$prefix"
 }
 
 ts_exit_on_signals
 ts_set_up all
-ts_locked test run_tests "$@"
+ts_lock test
+trap stop EXIT
+
+ts_remove_prefix "$prefix"
+ts_make_prefix "$prefix"
+# One server for all tests. It ends by itself when this script is killed.
+ts_in_wine "$prefix" "$ts_wine_server" -p10
+# The first program of a server takes a second longer than the others.
+"$ts_root/tools/wine-run" cmd.exe /c ver >"$ts_build/warm-up.log" 9>&-
+
+# In the background, because the shell answers signals only while it waits.
+cd "$ts_root"
+ctest --preset default --parallel "${CTEST_PARALLEL_LEVEL:-$(nproc)}" --output-on-failure --no-tests=error \
+  "$@" </dev/null 9>&- &
+tests=$!
+wait "$tests"

@@ -40,16 +40,21 @@ ts_exit_on_signals() {
   trap 'exit 143' TERM
 }
 
-# ts_locked NAME COMMAND...: runs a shell function while no other script does so under that name.
-# Children that outlive the command must close descriptor 9, or they would keep the lock.
-ts_locked() {
-  local name=$1
-  shift
+# ts_lock NAME: from here to its end, no other script runs under that name. Processes that may outlive the
+# script must close descriptor 9, or they would keep the lock.
+ts_lock() {
   mkdir -p "$ts_build"
+  exec 9>"$ts_build/$1.lock"
+  flock -n 9 || { ts_say "Waiting for another script of this folder ($1) ..." && flock 9; }
+}
+
+# ts_locked NAME COMMAND...: keeps the lock for the time of the command.
+ts_locked() {
   (
-    flock -n 9 || { ts_say "Waiting for another script of this folder ($name) ..." && flock 9; }
+    ts_lock "$1"
+    shift
     "$@"
-  ) 9>"$ts_build/$name.lock"
+  )
 }
 
 # ts_quietly LOG COMMAND...: shows the command's output only when it fails.
