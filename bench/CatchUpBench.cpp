@@ -114,8 +114,9 @@ void AddNotes(const Harness& harness, Result& result, const Comparison& comparis
     }
     const std::uint64_t before = AllocationCount();
     comparison.subject(0);
-    result.notes.push_back({"allocations", static_cast<double>(AllocationCount() - before) /
-                                               static_cast<double>(cases.size() / comparison.parts)});
+    const std::size_t casesOfAPart = cases.size() / comparison.parts;
+    result.notes.push_back(
+        {"allocations", static_cast<double>(AllocationCount() - before) / static_cast<double>(casesOfAPart)});
 }
 
 const char* ExpectationOf(EcvReminderRecurrenceType type)

@@ -29,7 +29,7 @@ void Declare(CLI::App& app, Options& options)
     app.add_option("--runs", options.settings.runs, "Runs per comparison (long ones take fewer)")
         ->check(CLI::Range(1, 10'000));
     app.add_option("--filter", options.settings.filter,
-                   "Only what has this text in \"group/name\", for example \"step/monthly\"");
+                   R"(Only what has this text in "group/name", for example "step/monthly")");
     app.footer("Example: bench_reminders --filter store --runs 5");
 }
 

@@ -150,6 +150,7 @@ std::vector<CTime> RandomTimes(std::size_t count, int firstYear, int lastYear)
 std::vector<CTime> FirstOccurrences(const CcvReminderData& record, const std::vector<CTime>& times)
 {
     std::vector<CTime> occurrences;
+    occurrences.reserve(times.size());
     for (const CTime& time : times)
     {
         occurrences.push_back(FirstOccurrence(record, time));

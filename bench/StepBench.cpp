@@ -72,6 +72,7 @@ Work BareConversions(const Pattern& pattern, const std::vector<CTime>& from)
         break;
     }
     std::vector<std::tm> next;
+    next.reserve(from.size());
     for (const CTime& time : from)
     {
         next.push_back(LocalFields(pattern.record.GetNextRecurrentTime(time)));

@@ -10,7 +10,7 @@ int main()
     reminder.SetMapGuid(map);
     reminder.SetObjectGuid(L"{0A9E44C2-7B1D-4E55-8C90-1F2E3D4C5B6A}");
     reminder.SetSubject(L"Send the report");
-    reminder.SetReminderTimeSpan(CTimeSpan(15 * 60));
+    reminder.SetReminderTimeSpan(CTimeSpan(900)); // a quarter of an hour before
     reminder.SetRecurrenceType(EcvReminderRecurrenceType::Daily);
     reminder.SetDailyOccurenceType(EcvReminderDailyOccurence::EveryWeekday);
 
