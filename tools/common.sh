@@ -149,8 +149,13 @@ ts_enter_wine() {
 }
 
 # Wine reads arguments in the character set of the environment, which knows ASCII only when no locale is set
-# or when the one that is set is not installed.
+# or when the one that is set is not installed. Wine itself needs only the name, so a test whose arguments are
+# ASCII gets any user's language and formats with TS_LOCALE.
 ts_use_utf8() {
+  if [[ -n ${TS_LOCALE-} ]]; then
+    export LC_ALL=$TS_LOCALE 2>/dev/null
+    return
+  fi
   local umlaut=$'\xc3\xa4'
   if ((${#umlaut} != 1)) && [[ $(locale charmap 2>/dev/null) == ANSI_X3.4-1968 ]]; then
     export LC_ALL=C.UTF-8

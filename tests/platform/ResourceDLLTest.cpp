@@ -1,6 +1,7 @@
 #include "platform/ts/ResourceDLL.h"
 #include "tests/support/TextOutput.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -43,8 +44,8 @@ class LanguageSet
     /// A whole library with the texts of `texts`.
     void Add(const std::wstring& language, const std::wstring& texts) const
     {
-        std::filesystem::copy_file(ProgramFolder() / (L"TsServiceUtilities." + texts + L".dll"),
-                                   PathOf(language), std::filesystem::copy_options::overwrite_existing);
+        const auto source = ProgramFolder() / (L"TsServiceUtilities." + texts + L".dll");
+        ASSERT_NE(FALSE, CopyFileW(source.c_str(), PathOf(language).c_str(), FALSE)) << GetLastError();
     }
 
     /// A file that is no library.
@@ -136,6 +137,11 @@ TEST(ResourceDLLTest, PreferredLanguage_StandsBeforeTheUsers)
     ULONG count = 0;
     ULONG length = LOCALE_NAME_MAX_LENGTH;
     ASSERT_NE(FALSE, GetUserPreferredUILanguages(MUI_LANGUAGE_NAME, &count, user, &length));
+    if (const char* locale = std::getenv("TS_LOCALE"))
+    {
+        EXPECT_EQ(std::wstring(locale, locale + 2), std::wstring(user, 2))
+            << "the test's user has that locale";
+    }
     EXPECT_EQ(ResourceDLL::LoadLanguageResource(L"TsServiceUtilities", user),
               ResourceDLL::LoadLanguageResource(L"TsServiceUtilities", nullptr));
 }
