@@ -12,6 +12,15 @@ tests=
 stop() {
   [[ -z $tests ]] || kill "$tests" 2>/dev/null || true
   ts_stop_wine "$prefix"
+  remove_own_prefixes
+}
+
+# Some tests have a prefix of their own, which they make when they start.
+remove_own_prefixes() {
+  local own
+  for own in "$prefix".*/; do
+    [[ ! -d $own ]] || ts_remove_prefix "${own%/}"
+  done
 }
 
 ts_exit_on_signals
@@ -19,6 +28,7 @@ ts_set_up all
 ts_lock test
 trap stop EXIT
 
+remove_own_prefixes
 ts_remove_prefix "$prefix"
 ts_make_prefix "$prefix"
 # One server for all tests. It ends by itself when this script is killed.

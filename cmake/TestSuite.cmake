@@ -48,3 +48,12 @@ function(ts_run_in_zones suite)
     set_tests_properties(${suite}.${zone} PROPERTIES ENVIRONMENT "TZ=${zone}")
   endforeach()
 endfunction()
+
+# ts_own_prefix(TESTS...): runs each of the tests in a Wine prefix of its own, because windows, COM classes and
+# running programs are seen by all programs of a prefix.
+function(ts_own_prefix)
+  foreach(test IN LISTS ARGN)
+    set_property(TEST ${test} APPEND PROPERTY
+      ENVIRONMENT "TS_WINEPREFIX=${CMAKE_BINARY_DIR}/testprefix.${test}")
+  endforeach()
+endfunction()

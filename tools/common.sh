@@ -4,8 +4,8 @@
 #
 # Everything that they make stands below build/:
 #   wineprefix       prefix of ./run.sh and tools/wine-run; its registry holds the user's reminders
-#   testprefix       prefix of ./test.sh, made anew by each run
-#   wine/template    a pristine prefix, made once in about 8 s; the two others are clones of it, in 0.1 s
+#   testprefix       prefix of ./test.sh, made anew by each run; testprefix.NAME is the one of a single test
+#   wine/template    a pristine prefix, made once in about 8 s; the others are clones of it, in 0.1 s
 #   wine/home, tmp   what Wine and its libraries would else write to the home directory and to /tmp
 
 # With standard input closed, the next file that a program opens would become its input.
