@@ -14,3 +14,24 @@ void AfxThrowMemoryException()
 {
     throw CMemoryException();
 }
+
+const CRuntimeClass CObject::classCObject = {"CObject", sizeof(CObject), nullptr};
+
+const CRuntimeClass* CObject::GetRuntimeClass() const
+{
+    return RUNTIME_CLASS(CObject);
+}
+
+CObject::~CObject() = default;
+
+void CObject::Serialize(CArchive&)
+{
+}
+
+void CObject::AssertValid() const
+{
+}
+
+void CObject::Dump(CDumpContext&) const
+{
+}

@@ -4,6 +4,7 @@
 #include "platform/WindowsHeaders.h"
 #include "platform/mfc/afxstr.h"
 
+#include <cstddef>
 #include <exception>
 
 /// Base of the exceptions that the library raises; thrown and caught by value.
@@ -21,3 +22,50 @@ class TS_API CMemoryException : public CException
 };
 
 [[noreturn]] TS_API void AfxThrowMemoryException();
+
+class CArchive;
+class CDumpContext;
+
+/// What a class tells of itself at run time. A class has one record, for as long as its module is loaded.
+struct CRuntimeClass
+{
+    const char* m_lpszClassName;
+    std::size_t m_nObjectSize;
+    const CRuntimeClass* m_pBaseClass; ///< null for CObject
+};
+
+/// Base of classes that carry a run-time class record.
+class CObject
+{
+  public:
+    [[nodiscard]] virtual const CRuntimeClass* GetRuntimeClass() const;
+    CObject(const CObject&) = delete;
+    CObject& operator=(const CObject&) = delete;
+    virtual ~CObject();
+    /// Reads or writes the object's fields; a class without persistence leaves it as it is, doing nothing.
+    virtual void Serialize(CArchive& archive);
+    // For debugging; nothing here.
+    virtual void AssertValid() const;
+    virtual void Dump(CDumpContext& context) const;
+
+    static const CRuntimeClass classCObject;
+
+  protected:
+    CObject() = default;
+};
+
+#define RUNTIME_CLASS(class_name) (&class_name::class##class_name)
+
+/// Gives a class its record. Stands in the class; IMPLEMENT_DYNAMIC stands in its source.
+#define DECLARE_DYNAMIC(class_name)                                                                          \
+  public:                                                                                                    \
+    [[nodiscard]] const CRuntimeClass* GetRuntimeClass() const override;                                     \
+    static const CRuntimeClass class##class_name;
+
+#define IMPLEMENT_DYNAMIC(class_name, base_class_name)                                                       \
+    const CRuntimeClass class_name::class##class_name = {#class_name, sizeof(class_name),                    \
+                                                         RUNTIME_CLASS(base_class_name)};                    \
+    const CRuntimeClass* class_name::GetRuntimeClass() const                                                 \
+    {                                                                                                        \
+        return RUNTIME_CLASS(class_name);                                                                    \
+    }

@@ -19,7 +19,15 @@ class CAtlArray
     ~CAtlArray() { std::free(m_elements); }
 
     [[nodiscard]] std::size_t GetCount() const noexcept { return m_count; }
-    [[nodiscard]] const E& operator[](std::size_t index) const noexcept { return m_elements[index]; }
+    /// Raises E_INVALIDARG for an index outside the array.
+    [[nodiscard]] const E& operator[](std::size_t index) const
+    {
+        if (index >= m_count)
+        {
+            AtlThrow(E_INVALIDARG);
+        }
+        return m_elements[index];
+    }
 
     /// Forgets all elements and frees their memory.
     void RemoveAll() noexcept
