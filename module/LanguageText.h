@@ -17,4 +17,8 @@ namespace ts
 /// The text with `inserted` in the place of its "%s".
 [[nodiscard]] CString FormatText(unsigned id, const CString& inserted);
 
+/// The text with `first` in the place of its first "%s" and `second` in the place of its second. A "%s"
+/// within `first` or `second` is no place.
+[[nodiscard]] CString FormatText(unsigned id, const CString& first, const CString& second);
+
 } // namespace ts

@@ -4,12 +4,13 @@
 
 /// One reminder as one appointment in the user's Outlook calendar.
 ///
-/// Each operation starts Outlook's automation afresh on the calling thread, whose apartment it enters and never
-/// leaves. Outlook that cannot be started and calls that fail end an operation in silence, with the steps done
-/// so far standing; nothing is retried. Other exceptions, such as exhausted memory, reach the caller.
+/// Each operation starts Outlook's automation afresh on the calling thread, whose apartment it enters and
+/// never leaves. Outlook that cannot be started and calls that fail end an operation in silence, with the
+/// steps done so far standing; nothing is retried. Other exceptions, such as exhausted memory, reach the
+/// caller.
 ///
-/// Calls to Outlook let sent messages through to the calling thread's windows, so `record` must be the caller's
-/// own copy, out of reach of what those messages start.
+/// Calls to Outlook let sent messages through to the calling thread's windows, so `record` must be the
+/// caller's own copy, out of reach of what those messages start.
 namespace ts
 {
 

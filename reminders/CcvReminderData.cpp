@@ -105,6 +105,22 @@ const CString CcvReminderData::GetGuid() const
     return L"{" + m_documentPath + L"}{" + m_mapGuid + L"}{" + m_objectGuid + L"}";
 }
 
+bool CcvReminderData::HasGuid(const CString& guid) const noexcept
+{
+    std::wstring_view rest(guid.GetString(), guid.GetLength());
+    for (const CString* part : {&m_documentPath, &m_mapGuid, &m_objectGuid})
+    {
+        const std::wstring_view text(part->GetString(), part->GetLength());
+        if (rest.size() < text.size() + 2 || rest.front() != L'{' || rest[text.size() + 1] != L'}' ||
+            rest.substr(1, text.size()) != text)
+        {
+            return false;
+        }
+        rest.remove_prefix(text.size() + 2);
+    }
+    return rest.empty();
+}
+
 void CcvReminderData::SetSnoozed(bool snoozed)
 {
     m_flags = snoozed ? m_flags | kSnoozed : m_flags & ~kSnoozed;

@@ -264,9 +264,14 @@ class TS_API CcvReminderData
     bool ReadDoubleWordValue(HKEY key, const CString& name, DWORD* out);
 
   private:
+    // Compares and changes fields in place.
+    friend class CcvReminderDataCollectionManager;
+
     static constexpr std::uint32_t kSnoozed = 1;
     static constexpr std::uint32_t kDismissed = 2;
 
+    /// Whether GetGuid would give that text.
+    [[nodiscard]] bool HasGuid(const CString& guid) const noexcept;
     [[nodiscard]] bool IsOnWeekday(int bit) const;
     void SetOnWeekday(int bit, bool on);
     void LoadOutlookIdentifiers(HKEY key);
