@@ -2,6 +2,8 @@
 
 /// The one header that a host includes: all public classes of TsServiceUtilities.dll.
 
+#include "collection/CcvReminderDataCollectionManager.h"
+#include "collection/SynchronizationMessage.h"
 #include "module/CcvReminderOptionUtilities.h"
 #include "module/InterfaceLanguage.h"
 #include "module/RegistryPaths.h"
