@@ -267,7 +267,7 @@ TEST_F(DestructionTest, Managers_EndedAtRandomMoments_EndAndLeaveNothing)
     const std::size_t threads = ThreadCount();
     const std::size_t handles = HandleCount();
     const std::size_t memory = LiveAllocationCount();
-    for (int round = 0; round < std::max(20, Rounds(150)); ++round)
+    for (int round = 0; round < std::max(20, Rounds(100)); ++round)
     {
         live();
     }

@@ -247,7 +247,7 @@ TEST_F(OutlookWorkerTest, Command_ForAReminderThatIsDeletedMeanwhile_DoesNotBrin
 {
     RandomSource random;
     Worker worker;
-    for (int round = 0; round < Rounds(1500); ++round)
+    for (int round = 0; round < Rounds(600); ++round)
     {
         CcvReminderData record = NewReminder(L"first");
         ASSERT_TRUE(record.SaveDataToRegistry(kStore));

@@ -51,7 +51,7 @@ TEST_F(WakeUpTest, Commands_EachAwaitedByItsMessage_AllSendIt)
 {
     Manager manager(true);
     const OtherHost window(kMainClass);
-    const int rounds = Rounds(1'500);
+    const int rounds = Rounds(800);
     for (int round = 1; round <= rounds; ++round)
     {
         QueueNothing(manager);
