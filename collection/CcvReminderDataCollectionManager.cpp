@@ -12,14 +12,28 @@
 
 CcvReminderDataCollectionManager::CcvReminderDataCollectionManager(bool withOutlookQueue)
 {
-    if (withOutlookQueue)
+    try
     {
-        StartOutlookWorker();
+        if (withOutlookQueue)
+        {
+            StartOutlookWorker();
+        }
+        LoadRemindersFromRegistry();
     }
-    LoadRemindersFromRegistry();
+    catch (...)
+    {
+        // No destructor follows, and the worker must not outlive its queue.
+        Close();
+        throw;
+    }
 }
 
 CcvReminderDataCollectionManager::~CcvReminderDataCollectionManager()
+{
+    Close();
+}
+
+void CcvReminderDataCollectionManager::Close()
 {
     EmptyReminders();
     if (m_outlookQueue != nullptr)

@@ -88,6 +88,7 @@ class TS_API CcvReminderDataCollectionManager
     [[nodiscard]] int GetRemindersCount() const;
 
   private:
+    void Close();
     void StartOutlookWorker();
     void StopOutlookWorker();
     bool LoadRemindersFromRegistry();

@@ -44,16 +44,12 @@ bool IsStored(const CcvReminderData& record)
 }
 
 /// Keeps in the store what Outlook calls the reminder's appointment.
-void WriteBack(CcvReminderData& record, const CString& formerGuid)
+void WriteBack(const CcvReminderData& record, const CString& formerGuid)
 {
-    if (IsStored(record))
+    // The reminder may be deleted at any time: its key must not come back with nothing in it but these.
+    if (!record.UpdateOutlookDataInRegistry(kRemindersPath) && record.GetOutlookObjectGuid() != formerGuid)
     {
-        record.SaveOutlookDataToRegistry(kRemindersPath);
-    }
-    else if (record.GetOutlookObjectGuid() != formerGuid)
-    {
-        // The reminder was deleted while Outlook made the appointment, which nobody would find any more.
-        // Saving would bring the key back, with nothing in it but the identifiers.
+        // It was deleted while Outlook made the appointment, which nobody would find any more.
         RemoveAppointmentFromOutlook(record);
     }
 }

@@ -259,6 +259,10 @@ class TS_API CcvReminderData
     bool LoadOutlookDataFromRegistry(const CString& basePath);
     /// Writes only the two Outlook identifiers. False when the key can neither be opened nor created.
     bool SaveOutlookDataToRegistry(const CString& basePath);
+    /// The same, but only where the key exists and holds a reminder with the same map and object GUID.
+    /// Nothing is created, not even when the key is deleted meanwhile. False when the identifiers were not
+    /// written.
+    bool UpdateOutlookDataInRegistry(const CString& basePath) const;
     /// Reads the value `name` of an open key, if the key's "RecurrenceType" is a REG_DWORD; the type of the
     /// value itself is not looked at. `out` is untouched on failure, and above the value's size.
     bool ReadDoubleWordValue(HKEY key, const CString& name, DWORD* out);
@@ -275,7 +279,7 @@ class TS_API CcvReminderData
     [[nodiscard]] bool IsOnWeekday(int bit) const;
     void SetOnWeekday(int bit, bool on);
     void LoadOutlookIdentifiers(HKEY key);
-    void SaveOutlookIdentifiers(HKEY key) const;
+    bool SaveOutlookIdentifiers(HKEY key) const;
     void LoadRecurrence(HKEY key);
 
     CString m_reminderKey;

@@ -200,16 +200,36 @@ bool CcvReminderData::SaveOutlookDataToRegistry(const CString& basePath)
     return true;
 }
 
+bool CcvReminderData::UpdateOutlookDataInRegistry(const CString& basePath) const
+{
+    if (m_reminderKey.IsEmpty())
+    {
+        return false;
+    }
+    // Through this one key, whatever its name leads to later: values of a deleted key cannot be written.
+    const CString path = CcvPathUtilities::AppendToPath(basePath, m_reminderKey);
+    const auto key = ts::RegistryKey::TryOpen(HKEY_CURRENT_USER, path, KEY_READ | KEY_WRITE);
+    if (!key)
+    {
+        return false;
+    }
+    CString mapGuid;
+    CString objectGuid;
+    ts::TryReadString(key.Get(), kMapGuid, mapGuid);
+    ts::TryReadString(key.Get(), kObjectGuid, objectGuid);
+    return mapGuid == m_mapGuid && objectGuid == m_objectGuid && SaveOutlookIdentifiers(key.Get());
+}
+
 void CcvReminderData::LoadOutlookIdentifiers(HKEY key)
 {
     ts::TryReadString(key, kOutlookObjectGuid, m_outlookObjectGuid);
     ts::TryReadString(key, kOutlookEntryId, m_outlookEntryId);
 }
 
-void CcvReminderData::SaveOutlookIdentifiers(HKEY key) const
+bool CcvReminderData::SaveOutlookIdentifiers(HKEY key) const
 {
-    ts::WriteString(key, kOutlookObjectGuid, m_outlookObjectGuid);
-    ts::WriteString(key, kOutlookEntryId, m_outlookEntryId);
+    const bool guidSaved = ts::WriteString(key, kOutlookObjectGuid, m_outlookObjectGuid);
+    return ts::WriteString(key, kOutlookEntryId, m_outlookEntryId) && guidSaved;
 }
 
 bool CcvReminderData::ReadDoubleWordValue(HKEY key, const CString& name, DWORD* out)

@@ -64,3 +64,30 @@ TEST(CAtlArrayTest, RemoveAll_OfAFilledArray_EmptiesItForNewUse)
         EXPECT_EQ(0u, array.GetCount());
     }
 }
+
+TEST(CAtlArrayTest, Index_OutsideTheArray_RaisesInvalidArgument)
+{
+    const auto codeOf = [](const CAtlArray<int>& array, std::size_t index)
+    {
+        try
+        {
+            static_cast<void>(array[index]);
+            return S_OK;
+        }
+        catch (const COleException& raised)
+        {
+            return raised.m_sc;
+        }
+    };
+    CAtlArray<int> array;
+    EXPECT_EQ(E_INVALIDARG, codeOf(array, 0));
+    array.Add(1);
+    array.Add(2);
+    EXPECT_EQ(S_OK, codeOf(array, 1));
+    for (const std::size_t index : {std::size_t{2}, std::size_t{15}, ~std::size_t{0}})
+    {
+        EXPECT_EQ(E_INVALIDARG, codeOf(array, index)) << index;
+    }
+    array.RemoveAll();
+    EXPECT_EQ(E_INVALIDARG, codeOf(array, 0)) << "emptied";
+}

@@ -5,6 +5,7 @@
 // Replaces operator new and delete of the whole program; everything must be linked statically.
 
 #include "platform/WindowsHeaders.h"
+#include "tests/support/Allocations.h"
 #include "tests/support/HeapKind.h"
 
 #include <atomic>
@@ -54,6 +55,7 @@ std::byte* BlockOf(void* memory)
 
 void* Allocate(std::size_t size, std::size_t alignment)
 {
+    ts::test::CountAllocation();
     const std::size_t alignedSize = RoundUp(size == 0 ? 1 : size, alignment);
     const std::size_t pages = RoundUp(alignedSize, kPage);
     // Header page, the memory, and one page that is reserved but never committed. Memory longer than a page
@@ -87,6 +89,7 @@ void Free(void* memory) noexcept
     {
         return;
     }
+    ts::test::CountFree();
     std::byte* block = BlockOf(memory);
     const auto header = *std::launder(static_cast<const BlockHeader*>(static_cast<void*>(block)));
     CheckSlack(header, static_cast<const std::byte*>(memory));

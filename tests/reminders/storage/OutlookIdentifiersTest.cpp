@@ -101,4 +101,41 @@ TEST_F(OutlookIdentifiersTest, Save_WithoutAKeyName_FailsAndCreatesNothing)
     EXPECT_EQ(before, Snapshot());
 }
 
+TEST_F(OutlookIdentifiersTest, Update_OfTheSameTopic_TouchesOnlyTheirValues)
+{
+    RawValues expected = Key(L"{M-0}").Values();
+    CcvReminderData older = Load(L"{M-0}");
+    older.SetOutlookObjectGuid(L"new object");
+    older.SetOutlookEntryId(L"");
+    older.SetSubject(L"not written");
+    older.SetDocumentPath(L"the document has moved since");
+    EXPECT_TRUE(older.UpdateOutlookDataInRegistry(kStore));
+    expected.at(L"OutlookObjectGuid") = RawText(L"new object");
+    expected.at(L"OutlookEntryId") = RawText(L"");
+    EXPECT_EQ(expected, Key(L"{M-0}").Values());
+}
+
+TEST_F(OutlookIdentifiersTest, Update_OfAnotherTopic_WritesNothing)
+{
+    const auto before = Snapshot();
+    CcvReminderData otherMap = Load(L"{M-0}");
+    otherMap.SetMapGuid(L"m");
+    otherMap.SetOutlookObjectGuid(L"new object");
+    EXPECT_FALSE(otherMap.UpdateOutlookDataInRegistry(kStore));
+    CcvReminderData otherTopic = Load(L"{M-0}");
+    otherTopic.SetObjectGuid(L"o");
+    otherTopic.SetOutlookObjectGuid(L"new object");
+    EXPECT_FALSE(otherTopic.UpdateOutlookDataInRegistry(kStore));
+    EXPECT_EQ(before, Snapshot());
+}
+
+TEST_F(OutlookIdentifiersTest, Update_WithoutAKey_FailsAndCreatesNothing)
+{
+    EXPECT_FALSE(DistinctRecord().UpdateOutlookDataInRegistry(kStore)) << "no name";
+    const CcvReminderData record = Load(L"{M-0}");
+    DeleteKeyTree(PathOf(L"{M-0}"));
+    EXPECT_FALSE(record.UpdateOutlookDataInRegistry(kStore));
+    EXPECT_FALSE(KeyExists(PathOf(L"{M-0}")));
+}
+
 } // namespace ts::test
