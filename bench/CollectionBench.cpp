@@ -133,10 +133,11 @@ class Lookups
 {
   public:
     Lookups(CcvReminderDataCollectionManager& manager, const std::vector<CcvReminderData>& reminders)
-        : m_manager(manager), m_topics(TopicsOf(reminders)), m_absent(reminders[reminders.size() / 2])
+        : m_manager(manager), m_topics(TopicsOf(reminders)), m_absent(reminders[reminders.size() / 2]),
+          m_documentPath(m_absent.GetDocumentPath()), m_mapGuid(m_absent.GetMapGuid())
     {
-        m_absent.SetObjectGuid(kAbsentGuid);
-        m_plain = {Plain(m_absent.GetDocumentPath()), Plain(m_absent.GetMapGuid()), kAbsentGuid, kAbsentGuid};
+        m_absent.SetObjectGuid(m_absentGuid);
+        m_plain = {Plain(m_documentPath), Plain(m_mapGuid), Plain(m_absentGuid), Plain(m_absentGuid)};
     }
 
     void Measure(Harness& harness, const std::string& size)
@@ -154,12 +155,9 @@ class Lookups
     }
 
   private:
-    static constexpr wchar_t kAbsentGuid[] = L"{5F3C1A90-27B4-4E6D-9C58-199999999999}";
-
     void FindByGuid()
     {
-        Require(m_manager.GetReminderByGuid(m_absent.GetDocumentPath(), m_absent.GetMapGuid(),
-                                            m_absent.GetObjectGuid()) == nullptr,
+        Require(m_manager.GetReminderByGuid(m_documentPath, m_mapGuid, m_absentGuid) == nullptr,
                 "found a reminder that is not there");
     }
 
@@ -171,7 +169,7 @@ class Lookups
 
     void FindByOutlookGuid()
     {
-        Require(m_manager.GetReminderByOutlookObjectGuid(m_absent.GetObjectGuid()) == nullptr,
+        Require(m_manager.GetReminderByOutlookObjectGuid(m_absentGuid) == nullptr,
                 "found a reminder that is not there");
     }
 
@@ -200,7 +198,10 @@ class Lookups
 
     CcvReminderDataCollectionManager& m_manager;
     std::vector<std::unique_ptr<Topic>> m_topics;
+    const CString m_absentGuid = L"{5F3C1A90-27B4-4E6D-9C58-199999999999}";
     CcvReminderData m_absent;
+    CString m_documentPath;
+    CString m_mapGuid;
     Topic m_plain;
 };
 
