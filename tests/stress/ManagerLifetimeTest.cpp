@@ -22,7 +22,7 @@ namespace ts::test
 namespace
 {
 
-constexpr int kStored = 3;
+constexpr int kStored = 2;
 
 /// With Outlook's GUID all commands but adding reach for Outlook; adding always does.
 CcvReminderData Reminder(int number, const wchar_t* outlookGuid)
@@ -69,7 +69,7 @@ class ManagerLifetimeTest : public testing::Test
     {
         ++m_messages;
         m_fromWorker += InSendMessage() ? 1 : 0;
-        if (m_manager != nullptr && m_random.Chance(30))
+        if (m_manager != nullptr && m_random.Chance(20))
         {
             m_manager->UpdateReminderCollection();
         }
@@ -121,7 +121,7 @@ class ManagerLifetimeTest : public testing::Test
     {
         auto manager = std::make_unique<CcvReminderDataCollectionManager>(m_random.Chance(90));
         m_manager = manager.get();
-        for (int changes = m_random.Between(0, 3); changes > 0; --changes)
+        for (int changes = m_random.Between(0, 2); changes > 0; --changes)
         {
             ChangeSomething(*manager);
         }
