@@ -4,6 +4,8 @@
 #include "collection/SynchronizationMessage.h"
 #include "module/RegistryPaths.h"
 #include "outlook/OutlookAppointments.h"
+#include "platform/ts/CcvPathUtilities.h"
+#include "platform/ts/SECRegistry.h"
 
 // A resume that comes before the worker has suspended itself is lost. So the worker announces its sleep and
 // then looks at the queue once more, and whoever wakes it repeats the resume until it took or the worker says
@@ -43,17 +45,24 @@ bool IsStored(const CcvReminderData& record)
            stored.GetObjectGuid() == record.GetObjectGuid();
 }
 
-/// Keeps in the store what Outlook calls the reminder's appointment.
-void WriteBack(CcvReminderData& record, const CString& formerGuid)
+/// Writes the identifiers if the reminder still stands under its key. The host may delete it at any moment,
+/// and SaveOutlookDataToRegistry would then bring the key back, with nothing in it but the identifiers. So
+/// the key is opened first: through the handle of a key that is deleted meanwhile nothing can be written.
+bool SaveIdentifiersIfStored(const CcvReminderData& record)
 {
-    if (IsStored(record))
-    {
-        record.SaveOutlookDataToRegistry(kRemindersPath);
-    }
-    else if (record.GetOutlookObjectGuid() != formerGuid)
+    const CString path = CcvPathUtilities::AppendToPath(kRemindersPath, record.GetReminderKey());
+    SECRegistry key;
+    return key.Connect(HKEY_CURRENT_USER) && key.Open(path, KEY_WRITE) && IsStored(record) &&
+           key.SetStringValue(L"OutlookObjectGuid", record.GetOutlookObjectGuid()) &&
+           key.SetStringValue(L"OutlookEntryId", record.GetOutlookEntryId());
+}
+
+/// Keeps in the store what Outlook calls the reminder's appointment.
+void WriteBack(const CcvReminderData& record, const CString& formerGuid)
+{
+    if (!SaveIdentifiersIfStored(record) && record.GetOutlookObjectGuid() != formerGuid)
     {
         // The reminder was deleted while Outlook made the appointment, which nobody would find any more.
-        // Saving would bring the key back, with nothing in it but the identifiers.
         RemoveAppointmentFromOutlook(record);
     }
 }
