@@ -13,5 +13,7 @@ void MeasureCatchUp(Harness& harness);
 void MeasureStore(Harness& harness);
 /// Loading, finding and changing reminders through the collection manager.
 void MeasureCollection(Harness& harness);
+/// Making an appointment; only where the stand-in for Outlook is built (TS_WITH_OUTLOOK_STANDIN).
+void MeasureOutlook(Harness& harness);
 
 } // namespace ts::bench
