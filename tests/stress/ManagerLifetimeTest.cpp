@@ -130,7 +130,13 @@ class ManagerLifetimeTest : public testing::Test
         m_manager = nullptr;
     }
 
-    /// Opens or closes the window now and then.
+    void Open(std::optional<HostWindow>& window, const wchar_t* windowClass)
+    {
+        window.emplace(windowClass, [this] { OnSynchronization(); });
+        ASSERT_NE(nullptr, window->Get());
+    }
+
+    /// Closes the window now and then, and opens it again.
     void Vary(std::optional<HostWindow>& window, const wchar_t* windowClass)
     {
         if (window && m_random.Chance(5))
@@ -139,8 +145,7 @@ class ManagerLifetimeTest : public testing::Test
         }
         else if (!window && m_random.Chance(20))
         {
-            window.emplace(windowClass, [this] { OnSynchronization(); });
-            ASSERT_NE(nullptr, window->Get());
+            Open(window, windowClass);
         }
     }
 
@@ -148,12 +153,14 @@ class ManagerLifetimeTest : public testing::Test
     {
         std::optional<HostWindow> mainWindow;
         std::optional<HostWindow> serviceWindow;
+        Open(mainWindow, kMainWindowClass);
+        Open(serviceWindow, kServiceWindowClass);
         for (int round = 0; round < rounds; ++round)
         {
             SCOPED_TRACE(testing::Message() << m_random << ", round " << round);
+            LiveOnce();
             Vary(mainWindow, kMainWindowClass);
             Vary(serviceWindow, kServiceWindowClass);
-            LiveOnce();
             if (round % 20 == 0)
             {
                 FillStore();
@@ -162,13 +169,13 @@ class ManagerLifetimeTest : public testing::Test
     }
 
     /// A thread is counted for a moment longer than its handle says.
-    void ExpectThreads(std::size_t expected) const
+    void ExpectNoMoreThreads(std::size_t expected) const
     {
         for (int look = 0; look < 500 && ThreadCount() > expected; ++look)
         {
             Sleep(10);
         }
-        EXPECT_EQ(expected, ThreadCount()) << m_random;
+        EXPECT_GE(expected, ThreadCount()) << m_random;
     }
 
     const wchar_t* m_outlookGuid = L"";
@@ -189,8 +196,8 @@ TEST_F(ManagerLifetimeTest, Destruction_AtAnyMoment_EndsAndLeavesNoThreadAndNoHa
 
     Live(Rounds(1000));
 
-    ExpectThreads(threads);
-    EXPECT_EQ(handles, HandleCount()) << m_random;
+    ExpectNoMoreThreads(threads);
+    EXPECT_GE(handles, HandleCount()) << m_random;
     EXPECT_GT(m_messages, 0) << m_random;
     EXPECT_GT(m_fromWorker, 0) << m_random;
 }
@@ -206,7 +213,7 @@ TEST_F(ManagerLifetimeTest, Destruction_WhileOutlookIsAskedFor_EndsAndLeavesNoTh
 
     Live(Rounds(200));
 
-    ExpectThreads(threads);
+    ExpectNoMoreThreads(threads);
     EXPECT_GT(m_fromWorker, 0) << m_random;
 }
 
