@@ -45,6 +45,10 @@ int Run(const Options& options)
     ts::bench::MeasureSteps(harness);
     ts::bench::MeasureCatchUp(harness);
     ts::bench::MeasureStore(harness);
+    ts::bench::MeasureCollection(harness);
+#ifdef TS_WITH_OUTLOOK_STANDIN
+    ts::bench::MeasureOutlook(harness);
+#endif
     if (harness.Results().empty())
     {
         std::cerr << "bench_reminders: nothing has \"" << options.settings.filter << "\" in its name\n";

@@ -11,5 +11,9 @@ void MeasureSteps(Harness& harness);
 void MeasureCatchUp(Harness& harness);
 /// Loading and saving 1,000 reminders, in a registry key of this process.
 void MeasureStore(Harness& harness);
+/// Loading, finding and changing reminders through the collection manager.
+void MeasureCollection(Harness& harness);
+/// Making an appointment; only where the stand-in for Outlook is built (TS_WITH_OUTLOOK_STANDIN).
+void MeasureOutlook(Harness& harness);
 
 } // namespace ts::bench

@@ -90,8 +90,7 @@ bool CcvReminderDataCollectionManager::DismissReminder(CcvReminderData* record)
     const CTime previousDueDate = record->GetNextDueDate();
     record->SetDismissed(true);
     const bool ok = record->SaveDataToRegistry(ts::kRemindersPath);
-    if (CcvReminderOptionUtilities::GetSynchronizeOutlookAppointments() && record->IsRecurrent() &&
-        m_outlookQueue != nullptr)
+    if (record->IsRecurrent() && IsMirrored(true))
     {
         QueueOutlookCommand(*record, ts::OutlookCommandKind::Dismiss, previousDueDate);
     }
@@ -296,8 +295,9 @@ bool CcvReminderDataCollectionManager::WaitForOutlookCommands(DWORD timeoutMilli
 
 bool CcvReminderDataCollectionManager::IsMirrored(bool synchronizeWithOutlook) const
 {
-    return synchronizeWithOutlook && CcvReminderOptionUtilities::GetSynchronizeOutlookAppointments() &&
-           m_outlookQueue != nullptr;
+    // The option is asked for last: it costs several reads of the registry.
+    return synchronizeWithOutlook && m_outlookQueue != nullptr &&
+           CcvReminderOptionUtilities::GetSynchronizeOutlookAppointments();
 }
 
 void CcvReminderDataCollectionManager::AddOutlookReminder(const CcvReminderData& record)
