@@ -73,8 +73,8 @@ Outcome Reminders(const std::vector<std::string>& arguments, std::size_t width)
 {
     std::ostringstream out;
     std::ostringstream err;
-    ts::console::Session session{out, width};
-    const int code = ts::console::Run(arguments, session, err);
+    ts::console::Session session{out, err, width};
+    const int code = ts::console::Run(arguments, session);
     return {code, out.str(), err.str()};
 }
 

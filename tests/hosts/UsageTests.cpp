@@ -69,6 +69,8 @@ TEST_F(Usage, WrongUse_IsOneLineAndExitCode2)
         {"undismiss"},
         {"delete"},
         {"move"},
+        {"list", "--no-outlook"},
+        {"snooze", key, "1h", "--no-outlook=maybe"},
         {"edit"},
         {"add"},
     };
