@@ -26,6 +26,8 @@ void Declare(CLI::App& app, Session& session)
     AddViewingCommands(app, session);
     AddEditingCommands(app, session);
     AddStateCommands(app, session);
+    AddWatchCommand(app, session);
+    AddOutlookCommands(app, session);
     AddOptionsCommand(app, session);
 }
 

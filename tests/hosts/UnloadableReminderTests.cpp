@@ -72,7 +72,7 @@ TEST_F(UnloadableReminder, OthersAreChangedAndDeleted)
 
 TEST_F(UnloadableReminder, ItselfIsNotThere)
 {
-    for (const char* command : {"show", "dismiss", "delete"})
+    for (const char* command : {"show", "dismiss", "delete", "open-appointment"})
     {
         ExpectFailure(1, "there is no reminder '{0-0}'", {command, "{0-0}"});
     }
