@@ -178,6 +178,7 @@ void OutlookCheck::Remove()
     m_store.Delete(m_reminder);
     AwaitOutlook();
     Require(!FindAppointment(), "it is still in the calendar");
+    m_removed = true;
 }
 
 void OutlookCheck::AwaitOutlook() const
@@ -197,6 +198,10 @@ void OutlookCheck::AwaitIdentifiers()
 /// Deletes what is left of the reminder and of its appointment. Raises nothing of its own.
 void OutlookCheck::CleanUp()
 {
+    if (m_removed)
+    {
+        return;
+    }
     try
     {
         m_store.Reload();
@@ -225,6 +230,10 @@ void OutlookCheck::CleanUp()
 
 std::optional<OutlookObject> OutlookCheck::FindAppointment() const
 {
+    if (m_reminder.GetOutlookObjectGuid().IsEmpty())
+    {
+        return std::nullopt;
+    }
     return m_outlook.FindAppointment(m_reminder.GetOutlookEntryId(), m_reminder.GetOutlookObjectGuid());
 }
 

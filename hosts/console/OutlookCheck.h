@@ -45,6 +45,7 @@ class OutlookCheck
     OutlookReader m_outlook;
     CcvReminderData m_reminder;
     int m_failures = 0;
+    bool m_removed = false;
 };
 
 } // namespace ts::console

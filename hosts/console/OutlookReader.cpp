@@ -15,6 +15,7 @@ namespace
 
 constexpr CLSID kOutlookApplication = {0x0006F03A, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 constexpr long kAppointmentItem = 1; // olAppointmentItem
+constexpr long kFolderCalendar = 9;  // olFolderCalendar
 
 std::string HexText(HRESULT result)
 {
@@ -23,9 +24,10 @@ std::string HexText(HRESULT result)
     return text.data();
 }
 
-[[noreturn]] void ThrowFailed(const wchar_t* member, HRESULT result)
+[[noreturn]] void ThrowFailed(const wchar_t* member, HRESULT result, const std::string& description = {})
 {
-    throw OperationError("Outlook answers " + HexText(result) + " to " + FromLibrary(member));
+    throw OperationError("Outlook answers " + HexText(result) + " to " + FromLibrary(member) +
+                         (description.empty() ? "" : ": " + description));
 }
 
 void Check(HRESULT result, const wchar_t* member)
@@ -67,6 +69,20 @@ OutlookObject StartOutlook()
     return OutlookObject(OutlookObject::Pointer(static_cast<IDispatch*>(created), false));
 }
 
+/// What a server says about a call that failed, which the caller is to free.
+struct ServerError : EXCEPINFO
+{
+    ServerError() noexcept : EXCEPINFO() {}
+    ServerError(const ServerError&) = delete;
+    ServerError& operator=(const ServerError&) = delete;
+    ~ServerError()
+    {
+        SysFreeString(bstrSource);
+        SysFreeString(bstrDescription);
+        SysFreeString(bstrHelpFile);
+    }
+};
+
 } // namespace
 
 _variant_t OutlookObject::Ask(const wchar_t* member, Arguments arguments) const
@@ -79,9 +95,17 @@ _variant_t OutlookObject::Ask(const wchar_t* member, Arguments arguments) const
     std::vector<VARIANT> reversed(std::rbegin(arguments), std::rend(arguments));
     DISPPARAMS parameters = {reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
     _variant_t answer;
-    Check(m_object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
-                           &parameters, &answer, nullptr, nullptr),
-          member);
+    ServerError error;
+    const HRESULT result =
+        m_object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
+                         &parameters, &answer, &error, nullptr);
+    if (result == DISP_E_EXCEPTION)
+    {
+        ThrowFailed(
+            member, error.scode,
+            FromLibrary({error.bstrDescription, static_cast<int>(SysStringLen(error.bstrDescription))}));
+    }
+    Check(result, member);
     return answer;
 }
 
@@ -132,6 +156,8 @@ std::optional<OutlookObject> OutlookReader::FindAppointment(const CString& entry
     }
     catch (const OperationError&)
     {
+        // An Outlook that has gone finds nothing either; that raises here.
+        static_cast<void>(m_session->Object(L"GetDefaultFolder", {_variant_t(kFolderCalendar, VT_I4)}));
         return std::nullopt;
     }
     const bool found = item->Object(L"Parent").Number(L"DefaultItemType") == kAppointmentItem &&
