@@ -73,4 +73,8 @@ esac
 ts_exit_on_signals
 ts_set_up reminders
 trap 'ts_await_wine "$prefix"' EXIT
+if [[ $command == reminders ]]; then
+  # The program hears of Ctrl+C, too, and its exit code counts.
+  trap : INT
+fi
 "$command" "$@"

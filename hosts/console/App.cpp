@@ -26,6 +26,8 @@ void Declare(CLI::App& app, Session& session)
     AddViewingCommands(app, session);
     AddEditingCommands(app, session);
     AddStateCommands(app, session);
+    AddWatchCommand(app, session);
+    AddOutlookCommands(app, session);
     AddOptionsCommand(app, session);
 }
 
@@ -43,7 +45,7 @@ bool HasCommand(const CLI::App& app, const std::string& name)
 
 /// Help and version are exceptions of the parser, too.
 int AnswerParser(const CLI::App& app, const CLI::ParseError& error, const std::vector<std::string>& arguments,
-                 const Session& session, std::ostream& err)
+                 const Session& session)
 {
     if (error.get_name() == "CallForHelp" || error.get_name() == "CallForAllHelp")
     {
@@ -68,17 +70,17 @@ int AnswerParser(const CLI::App& app, const CLI::ParseError& error, const std::v
     {
         reason = "there is no command " + Quoted(first);
     }
-    return Fail(err, reason + " (see reminders" + command + " --help)", kWrongUse);
+    return Fail(session.err, reason + " (see reminders" + command + " --help)", kWrongUse);
 }
 
-int RunCommand(const std::vector<std::string>& arguments, Session& session, std::ostream& err)
+int RunCommand(const std::vector<std::string>& arguments, Session& session)
 {
     CLI::App app("Reminders of topics in map documents, kept in the registry.");
     Declare(app, session);
     if (arguments.empty())
     {
         session.out << app.help() << "\n";
-        return Fail(err, "a command is needed", kWrongUse);
+        return Fail(session.err, "a command is needed", kWrongUse);
     }
     try
     {
@@ -88,25 +90,25 @@ int RunCommand(const std::vector<std::string>& arguments, Session& session, std:
     }
     catch (const CLI::ParseError& error)
     {
-        return AnswerParser(app, error, arguments, session, err);
+        return AnswerParser(app, error, arguments, session);
     }
 }
 
 } // namespace
 
-int Run(const std::vector<std::string>& arguments, Session& session, std::ostream& err)
+int Run(const std::vector<std::string>& arguments, Session& session)
 {
     try
     {
-        return RunCommand(arguments, session, err);
+        return RunCommand(arguments, session);
     }
     catch (const UsageError& error)
     {
-        return Fail(err, error.what(), kWrongUse);
+        return Fail(session.err, error.what(), kWrongUse);
     }
     catch (const std::exception& error)
     {
-        return Fail(err, error.what(), kFailed);
+        return Fail(session.err, error.what(), kFailed);
     }
 }
 

@@ -16,8 +16,8 @@ enum ExitCode : int
     kWrongUse = 2
 };
 
-/// Runs one command. `arguments` are UTF-8, without the program's name. Output goes to the session, the
-/// reason of a failure to `err` in one line. The exit code of the program.
-[[nodiscard]] int Run(const std::vector<std::string>& arguments, Session& session, std::ostream& err);
+/// Runs one command. `arguments` are UTF-8, without the program's name. The reason of a failure is one line
+/// on the session's error stream. The exit code of the program.
+[[nodiscard]] int Run(const std::vector<std::string>& arguments, Session& session);
 
 } // namespace ts::console

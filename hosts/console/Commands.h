@@ -18,6 +18,10 @@ void AddEditingCommands(CLI::App& app, Session& session);
 void AddViewingCommands(CLI::App& app, Session& session);
 /// snooze, dismiss, undismiss, delete, move
 void AddStateCommands(CLI::App& app, Session& session);
+/// open-appointment, outlook-check
+void AddOutlookCommands(CLI::App& app, Session& session);
+/// watch
+void AddWatchCommand(CLI::App& app, Session& session);
 /// options
 void AddOptionsCommand(CLI::App& app, Session& session);
 

@@ -1,9 +1,9 @@
+#include "Change.h"
 #include "CommandLine.h"
 #include "Commands.h"
 #include "Errors.h"
 #include "Evaluation.h"
 #include "PatternOptions.h"
-#include "Store.h"
 #include "Strings.h"
 #include "TimeText.h"
 
@@ -27,6 +27,7 @@ struct ReminderArguments
     std::optional<std::string> lead;
     PatternOptions pattern;
     std::string key;
+    Store::Outlook outlook = Store::Outlook::Mirrored;
 };
 
 void DeclareFields(CLI::App& command, ReminderArguments& arguments, bool required)
@@ -119,8 +120,12 @@ void RunAdd(const ReminderArguments& arguments, const Session& session)
     SetFields(reminder, arguments);
     SetPattern(reminder, arguments.pattern);
     SetDueTimes(reminder, ParseTime(*arguments.due, "--due"));
-    SaveNewReminder(reminder);
-    session.out << FromLibrary(reminder.GetReminderKey()) << "\n";
+    ChangeStore(session, arguments.outlook,
+                [&](Store& store)
+                {
+                    store.Add(reminder);
+                    session.out << FromLibrary(reminder.GetReminderKey()) << "\n";
+                });
 }
 
 /// The time from which a changed reminder counts when the user gave none: a recurring one from where its
@@ -146,11 +151,27 @@ CTime StartOf(CcvReminderData& reminder, bool recurs)
     return start;
 }
 
+void Edit(CcvReminderData& reminder, const ReminderArguments& arguments, std::optional<CTime> due)
+{
+    SetFields(reminder, arguments);
+    if (!arguments.pattern.Given() && !due)
+    {
+        return;
+    }
+    CcvReminderData changed = reminder;
+    if (arguments.pattern.Given())
+    {
+        SetPattern(changed, arguments.pattern);
+    }
+    SetDueTimes(changed, due ? *due : StartOf(reminder, changed.IsRecurrent()));
+    reminder = changed;
+}
+
 void RunEdit(const ReminderArguments& arguments, const Session& session)
 {
-    const bool newPattern = arguments.pattern.Given();
-    if (!newPattern && !arguments.document && !arguments.map && !arguments.topic && !arguments.title &&
-        !arguments.documentTitle && !arguments.subject && !arguments.due && !arguments.lead)
+    if (!arguments.pattern.Given() && !arguments.document && !arguments.map && !arguments.topic &&
+        !arguments.title && !arguments.documentTitle && !arguments.subject && !arguments.due &&
+        !arguments.lead)
     {
         throw UsageError("nothing to change: give at least one option");
     }
@@ -163,21 +184,16 @@ void RunEdit(const ReminderArguments& arguments, const Session& session)
     {
         due = ParseTime(*arguments.due, "--due");
     }
-    CcvReminderData reminder = LoadReminder(arguments.key);
-    SetFields(reminder, arguments);
-    if (newPattern || due)
-    {
-        const bool recurs = newPattern ? probe.IsRecurrent() : reminder.IsRecurrent();
-        const CTime start = due ? *due : StartOf(reminder, recurs);
-        if (newPattern)
-        {
-            SetPattern(reminder, arguments.pattern);
-        }
-        SetDueTimes(reminder, start);
-    }
-    SaveReminder(reminder);
-    const std::string text = ShortTime(Evaluate(reminder, CTime::GetCurrentTime()).due.value_or(CTime()));
-    session.out << (text.empty() ? "Changed.\n" : "Changed. Due " + text + ".\n");
+    ChangeStore(session, arguments.outlook,
+                [&](Store& store)
+                {
+                    CcvReminderData reminder = store.Get(arguments.key);
+                    Edit(reminder, arguments, due);
+                    store.Modify(reminder);
+                    const CTime dueNow = Evaluate(reminder, CTime::GetCurrentTime()).due.value_or(CTime());
+                    const std::string text = ShortTime(dueNow);
+                    session.out << (text.empty() ? "Changed.\n" : "Changed. Due " + text + ".\n");
+                });
 }
 
 } // namespace
@@ -192,6 +208,7 @@ void AddEditingCommands(CLI::App& app, Session& session)
     const auto added = std::make_shared<ReminderArguments>();
     DeclareFields(*add, *added, true);
     DeclarePattern(*add, added->pattern);
+    AddNoOutlook(*add, added->outlook);
     add->callback([added, &session] { RunAdd(*added, session); });
 
     CLI::App* edit = AddCommand(app, "edit", "Change what is given of a reminder",
@@ -201,6 +218,7 @@ void AddEditingCommands(CLI::App& app, Session& session)
     AddArgument(*edit, "KEY", edited->key, "Key of the reminder");
     DeclareFields(*edit, *edited, false);
     DeclarePattern(*edit, edited->pattern);
+    AddNoOutlook(*edit, edited->outlook);
     edit->callback([edited, &session] { RunEdit(*edited, session); });
 }
 

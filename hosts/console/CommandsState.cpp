@@ -1,7 +1,7 @@
+#include "Change.h"
 #include "CommandLine.h"
 #include "Commands.h"
 #include "Errors.h"
-#include "Store.h"
 #include "Strings.h"
 #include "TimeText.h"
 
@@ -13,26 +13,36 @@ namespace ts::console
 namespace
 {
 
-void RunSnooze(const std::string& key, const std::string& spanText, const Session& session)
+struct StateArguments
 {
-    const CTimeSpan span = ParseSpan(spanText, "SPAN");
+    std::string key;
+    std::string span;
+    Store::Outlook outlook = Store::Outlook::Mirrored;
+};
+
+void RunSnooze(const StateArguments& arguments, const Session& session)
+{
+    const CTimeSpan span = ParseSpan(arguments.span, "SPAN");
     if (span == CTimeSpan() || !IsCalendarTime(CTime::GetCurrentTime() + span))
     {
-        throw UsageError("SPAN: " + Quoted(spanText) + " is no time to snooze");
+        throw UsageError("SPAN: " + Quoted(arguments.span) + " is no time to snooze");
     }
-    CcvReminderData reminder = LoadReminder(key);
-    reminder.SetSnoozeTime(span);
-    SaveReminder(reminder);
-    session.out << "Snoozed until " << ShortTime(reminder.GetSnoozeTime()) << ".\n";
+    ChangeStore(session, arguments.outlook,
+                [&](Store& store)
+                {
+                    CcvReminderData reminder = store.Get(arguments.key);
+                    store.Snooze(reminder, span);
+                    session.out << "Snoozed until " << ShortTime(reminder.GetSnoozeTime()) << ".\n";
+                });
 }
 
 /// Ends the occurrence that a list shows now, so a recurring reminder is first brought up to date.
-void Dismiss(CcvReminderData& reminder)
+void Dismiss(Store& store, CcvReminderData& reminder)
 {
     try
     {
         reminder.GetCalculatedDueTime(CTime::GetCurrentTime());
-        reminder.SetDismissed(true);
+        store.Dismiss(reminder);
     }
     catch (const COleException&)
     {
@@ -41,43 +51,54 @@ void Dismiss(CcvReminderData& reminder)
     }
 }
 
-void RunDismiss(const std::string& key, const Session& session)
+std::string DismissedText(const CcvReminderData& reminder)
 {
-    CcvReminderData reminder = LoadReminder(key);
-    Dismiss(reminder);
-    SaveReminder(reminder);
     if (!reminder.IsRecurrent())
     {
-        session.out << "Dismissed.\n";
+        return "Dismissed.\n";
     }
-    else if (IsCalendarTime(reminder.GetNextDueDate()))
-    {
-        session.out << "Dismissed. Next due " << ShortTime(reminder.GetNextDueDate()) << ".\n";
-    }
-    else
-    {
-        session.out << "Dismissed. No occurrence follows.\n";
-    }
+    return IsCalendarTime(reminder.GetNextDueDate())
+               ? "Dismissed. Next due " + ShortTime(reminder.GetNextDueDate()) + ".\n"
+               : "Dismissed. No occurrence follows.\n";
 }
 
-void RunUndismiss(const std::string& key, const Session& session)
+void RunDismiss(const StateArguments& arguments, const Session& session)
 {
-    CcvReminderData reminder = LoadReminder(key);
-    if (!reminder.IsDimissed())
-    {
-        session.out << "The reminder is not dismissed.\n";
-        return;
-    }
-    reminder.SetDismissed(false);
-    SaveReminder(reminder);
-    session.out << "No longer dismissed.\n";
+    ChangeStore(session, arguments.outlook,
+                [&](Store& store)
+                {
+                    CcvReminderData reminder = store.Get(arguments.key);
+                    Dismiss(store, reminder);
+                    session.out << DismissedText(reminder);
+                });
 }
 
-void RunDelete(const std::string& key, const Session& session)
+void RunUndismiss(const StateArguments& arguments, const Session& session)
 {
-    CcvReminderData reminder = LoadReminder(key);
-    DeleteReminder(reminder);
-    session.out << "Deleted.\n";
+    ChangeStore(session, arguments.outlook,
+                [&](Store& store)
+                {
+                    CcvReminderData reminder = store.Get(arguments.key);
+                    if (!reminder.IsDimissed())
+                    {
+                        session.out << "The reminder is not dismissed.\n";
+                        return;
+                    }
+                    reminder.SetDismissed(false);
+                    store.Modify(reminder);
+                    session.out << "No longer dismissed.\n";
+                });
+}
+
+void RunDelete(const StateArguments& arguments, const Session& session)
+{
+    ChangeStore(session, arguments.outlook,
+                [&](Store& store)
+                {
+                    CcvReminderData reminder = store.Get(arguments.key);
+                    store.Delete(reminder);
+                    session.out << "Deleted.\n";
+                });
 }
 
 struct MoveArguments
@@ -85,7 +106,30 @@ struct MoveArguments
     std::string oldPath;
     std::string newPath;
     std::string map;
+    Store::Outlook outlook = Store::Outlook::Mirrored;
 };
+
+auto CountReminders(Store& store, const CString& path, const CString& map)
+{
+    const auto reminders = store.All();
+    return std::count_if(reminders.begin(), reminders.end(),
+                         [&](const CcvReminderData& reminder)
+                         { return reminder.GetDocumentPath() == path && reminder.GetMapGuid() == map; });
+}
+
+void Move(Store& store, const CString& oldPath, const CString& newPath, const CString& map,
+          const Session& session)
+{
+    const auto affected = CountReminders(store, oldPath, map);
+    store.Move(oldPath, newPath, map);
+    const auto left = oldPath == newPath ? 0 : CountReminders(store, oldPath, map);
+    if (left != 0)
+    {
+        throw OperationError(std::to_string(left) + " of " + std::to_string(affected) +
+                             " reminders could not be written");
+    }
+    session.out << "Moved " << affected << (affected == 1 ? " reminder.\n" : " reminders.\n");
+}
 
 void RunMove(const MoveArguments& arguments, const Session& session)
 {
@@ -96,43 +140,30 @@ void RunMove(const MoveArguments& arguments, const Session& session)
     {
         throw UsageError("NEWPATH must not be empty");
     }
-    const auto count = [&map](const CString& path)
-    {
-        const auto reminders = LoadReminders();
-        return std::count_if(reminders.begin(), reminders.end(),
-                             [&](const CcvReminderData& reminder)
-                             { return reminder.GetDocumentPath() == path && reminder.GetMapGuid() == map; });
-    };
-    const auto affected = count(oldPath);
-    CcvReminderDataUtilities::UpdateDocumentPath(kRemindersPath, oldPath, newPath, map);
-    const auto left = oldPath == newPath ? 0 : count(oldPath);
-    if (left != 0)
-    {
-        throw OperationError(std::to_string(left) + " of " + std::to_string(affected) +
-                             " reminders could not be written");
-    }
-    session.out << "Moved " << affected << (affected == 1 ? " reminder.\n" : " reminders.\n");
+    ChangeStore(session, arguments.outlook,
+                [&](Store& store) { Move(store, oldPath, newPath, map, session); });
 }
 
 void AddKeyCommand(CLI::App& app, Session& session, const std::string& name, const std::string& description,
-                   void (*run)(const std::string&, const Session&))
+                   void (*run)(const StateArguments&, const Session&))
 {
     CLI::App* command = AddCommand(app, name, description,
                                    "reminders " + name + " \"{{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0}\"");
-    const auto key = std::make_shared<std::string>();
-    AddArgument(*command, "KEY", *key, "Key of the reminder");
-    command->callback([key, run, &session] { run(*key, session); });
+    const auto arguments = std::make_shared<StateArguments>();
+    AddArgument(*command, "KEY", arguments->key, "Key of the reminder");
+    AddNoOutlook(*command, arguments->outlook);
+    command->callback([arguments, run, &session] { run(*arguments, session); });
 }
 
 void AddSnooze(CLI::App& app, Session& session)
 {
     CLI::App* snooze = AddCommand(app, "snooze", "Remind again after a while",
                                   "reminders snooze \"{{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0}\" 15m");
-    const auto key = std::make_shared<std::string>();
-    const auto span = std::make_shared<std::string>();
-    AddArgument(*snooze, "KEY", *key, "Key of the reminder");
-    AddArgument(*snooze, "SPAN", *span, "From now: 15m, 2h, 1d, 1w");
-    snooze->callback([key, span, &session] { RunSnooze(*key, *span, session); });
+    const auto arguments = std::make_shared<StateArguments>();
+    AddArgument(*snooze, "KEY", arguments->key, "Key of the reminder");
+    AddArgument(*snooze, "SPAN", arguments->span, "From now: 15m, 2h, 1d, 1w");
+    AddNoOutlook(*snooze, arguments->outlook);
+    snooze->callback([arguments, &session] { RunSnooze(*arguments, session); });
 }
 
 void AddMove(CLI::App& app, Session& session)
@@ -144,6 +175,7 @@ void AddMove(CLI::App& app, Session& session)
     AddArgument(*move, "OLDPATH", arguments->oldPath, "Path of the document, exactly as stored");
     AddArgument(*move, "NEWPATH", arguments->newPath, "Its path from now on");
     AddArgument(*move, "MAPGUID", arguments->map, "Identifier of the map");
+    AddNoOutlook(*move, arguments->outlook);
     move->callback([arguments, &session] { RunMove(*arguments, session); });
 }
 

@@ -83,7 +83,7 @@ void RunList(const ViewArguments& arguments, const Session& session)
     const LanguageChoice language(arguments.language);
     const Filter filter = ParseFilter(arguments.filter);
     const CTime now = TimeOrNow(arguments.at, "--at");
-    const std::vector<ListedReminder> listed = FilterAndSort(LoadReminders(), filter, now);
+    const std::vector<ListedReminder> listed = FilterAndSort(Store().All(), filter, now);
     if (arguments.json)
     {
         Json document = Json::array();
@@ -120,7 +120,7 @@ void RunShow(const ViewArguments& arguments, const Session& session)
 {
     const LanguageChoice language(arguments.language);
     const CTime now = TimeOrNow(arguments.at, "--at");
-    const CcvReminderData reminder = LoadReminder(arguments.key);
+    const CcvReminderData reminder = Store().Get(arguments.key);
     if (arguments.tooltip)
     {
         session.out << TooltipOf(reminder, now) << "\n";
@@ -148,7 +148,7 @@ void RunNext(const ViewArguments& arguments, const Session& session)
 {
     const int count = arguments.count ? ParseNumber(*arguments.count, "--count", kMostOccurrences) : 5;
     const CTime from = TimeOrNow(arguments.from, "--from");
-    const CcvReminderData reminder = LoadReminder(arguments.key);
+    const CcvReminderData reminder = Store().Get(arguments.key);
     const std::vector<CTime> occurrences = FindOccurrences(reminder, from, count);
     if (arguments.json)
     {
@@ -176,10 +176,7 @@ void RunFind(const std::string& path, const std::string& map, const std::string&
 {
     const CString mapGuid = ParseGuid(map, "MAPGUID");
     const CString topicGuid = ParseGuid(topic, "TOPICGUID");
-    // Tells a store that cannot be read from one without the reminder, which the library does not.
-    CheckStoreReadable();
-    const CString key =
-        CcvReminderDataUtilities::FindReminderKey(kRemindersPath, ToLibrary(path), mapGuid, topicGuid);
+    const CString key = Store().FindKey(ToLibrary(path), mapGuid, topicGuid);
     if (key.IsEmpty())
     {
         throw OperationError("there is no reminder of that topic");

@@ -108,4 +108,11 @@ bool WriteText(DWORD standardHandle, std::string_view text)
     return IsConsole(handle) ? WriteCharacters(handle, ToWide(text)) : WriteBytes(handle, text);
 }
 
+int StandardBuffer::sync()
+{
+    const std::string text = str();
+    str({});
+    return WriteText(m_standardHandle, text) ? 0 : -1;
+}
+
 } // namespace ts::console

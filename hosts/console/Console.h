@@ -2,6 +2,7 @@
 
 #include "platform/WindowsHeaders.h"
 
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,5 +20,19 @@ namespace ts::console
 /// Writes UTF-8 to a standard handle: as it is to files and pipes, as UTF-16 to a console. Whether all of it
 /// was written.
 [[nodiscard]] bool WriteText(DWORD standardHandle, std::string_view text);
+
+/// Of a stream to a standard handle that writes when it is flushed. What could not be written makes the
+/// stream bad.
+class StandardBuffer : public std::stringbuf
+{
+  public:
+    explicit StandardBuffer(DWORD standardHandle) : m_standardHandle(standardHandle) {}
+
+  protected:
+    int sync() override;
+
+  private:
+    DWORD m_standardHandle;
+};
 
 } // namespace ts::console

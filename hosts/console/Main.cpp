@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <ctime>
-#include <sstream>
+#include <ostream>
 
 int main()
 {
@@ -14,15 +14,17 @@ int main()
     _tzset();
 
     using namespace ts::console;
-    std::ostringstream out;
-    std::ostringstream err;
-    Session session{out, TerminalWidth()};
-    int code = Run(CommandLineArguments(), session, err);
-    if (!WriteText(STD_OUTPUT_HANDLE, out.str()) && code == kDone)
+    StandardBuffer outBuffer(STD_OUTPUT_HANDLE);
+    StandardBuffer errBuffer(STD_ERROR_HANDLE);
+    std::ostream out(&outBuffer);
+    std::ostream err(&errBuffer);
+    Session session{out, err, TerminalWidth()};
+    int code = Run(CommandLineArguments(), session);
+    if (!out.flush() && code == kDone)
     {
         err << "reminders: the output could not be written\n";
         code = kFailed;
     }
     // Where the reason of a failure cannot be written either, the exit code alone must do.
-    return WriteText(STD_ERROR_HANDLE, err.str()) ? code : std::max<int>(code, kFailed);
+    return err.flush() ? code : std::max<int>(code, kFailed);
 }

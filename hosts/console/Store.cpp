@@ -5,15 +5,10 @@
 #include "RegistryHandle.h"
 #include "Strings.h"
 
-#include <array>
-
 namespace ts::console
 {
 namespace
 {
-
-/// The longest name of a registry key, without the terminator.
-constexpr std::size_t kLongestKeyName = 255;
 
 [[noreturn]] void ThrowUnreadable(LSTATUS error)
 {
@@ -26,49 +21,42 @@ constexpr std::size_t kLongestKeyName = 255;
     throw OperationError("there is no reminder " + Quoted(key));
 }
 
-/// Opens the key of all reminders; false when there is none.
-bool OpenStore(RegistryHandle& root)
+[[noreturn]] void ThrowUnwritable(const CcvReminderData& reminder)
 {
-    const LSTATUS error = root.Open(HKEY_CURRENT_USER, kRemindersPath, KEY_READ);
+    throw OperationError("the reminder " + Quoted(FromLibrary(reminder.GetReminderKey())) +
+                         " could not be written");
+}
+
+/// Raises when the key is there and cannot be read, which the collection does not tell.
+void CheckReadable(const CString& path)
+{
+    RegistryHandle key;
+    const LSTATUS error = key.Open(HKEY_CURRENT_USER, path, KEY_READ);
     if (error != ERROR_SUCCESS && error != ERROR_FILE_NOT_FOUND)
     {
         ThrowUnreadable(error);
     }
-    return error == ERROR_SUCCESS;
 }
 
-std::vector<CString> ReminderKeys()
+/// Loads a record of the collection that was left unloaded. Whether it is loaded.
+bool EnsureLoaded(CcvReminderData& record)
 {
-    RegistryHandle root;
-    if (!OpenStore(root))
-    {
-        return {};
-    }
-    std::vector<CString> keys;
-    for (DWORD index = 0;; ++index)
-    {
-        std::array<wchar_t, kLongestKeyName + 1> name{};
-        DWORD length = name.size();
-        const LSTATUS error =
-            RegEnumKeyExW(root.Get(), index, name.data(), &length, nullptr, nullptr, nullptr, nullptr);
-        if (error == ERROR_NO_MORE_ITEMS)
-        {
-            return keys;
-        }
-        if (error != ERROR_SUCCESS)
-        {
-            ThrowUnreadable(error);
-        }
-        keys.emplace_back(name.data(), static_cast<int>(length));
-    }
+    const bool named = !record.GetDocumentPath().IsEmpty() || !record.GetMapGuid().IsEmpty() ||
+                       !record.GetObjectGuid().IsEmpty();
+    return named || record.LoadDataFromRegistry(kRemindersPath);
 }
 
+bool IsSameKey(const CString& left, const CString& right)
+{
+    return CompareStringOrdinal(left.GetString(), left.GetLength(), right.GetString(), right.GetLength(),
+                                TRUE) == CSTR_EQUAL;
+}
+
+/// Without the identifiers of the appointment, which the library may store at any moment.
 bool HaveSameTexts(const CcvReminderData& left, const CcvReminderData& right)
 {
     return left.GetDocumentPath() == right.GetDocumentPath() && left.GetMapGuid() == right.GetMapGuid() &&
            left.GetObjectGuid() == right.GetObjectGuid() &&
-           left.GetOutlookObjectGuid() == right.GetOutlookObjectGuid() &&
-           left.GetOutlookEntryId() == right.GetOutlookEntryId() &&
            left.GetDocumentTitle() == right.GetDocumentTitle() &&
            left.GetObjectTitle() == right.GetObjectTitle() && left.GetSubject() == right.GetSubject();
 }
@@ -82,7 +70,7 @@ bool HaveSameTimesAndStates(const CcvReminderData& left, const CcvReminderData& 
            left.IsDimissed() == right.IsDimissed();
 }
 
-/// Whether the store holds the reminder exactly as it is.
+/// Whether the store holds the reminder as it is.
 bool IsStored(const CcvReminderData& reminder)
 {
     CcvReminderData stored(reminder.GetReminderKey());
@@ -92,81 +80,155 @@ bool IsStored(const CcvReminderData& reminder)
            RecurrenceOptions(stored) == RecurrenceOptions(reminder);
 }
 
-} // namespace
-
-void CheckStoreReadable()
+/// Neither the library's answer nor what the store holds is enough alone.
+void CheckWritten(bool saved, const CcvReminderData& reminder)
 {
-    RegistryHandle root;
-    OpenStore(root);
+    if (!saved || !IsStored(reminder))
+    {
+        ThrowUnwritable(reminder);
+    }
 }
 
-std::vector<CcvReminderData> LoadReminders()
+} // namespace
+
+Store::Store(Outlook outlook)
+    : m_manager(std::make_unique<CcvReminderDataCollectionManager>(
+          outlook == Outlook::Mirrored && CcvReminderOptionUtilities::GetSynchronizeOutlookAppointments()))
 {
+}
+
+Store::~Store() = default;
+
+std::vector<CcvReminderData> Store::All()
+{
+    CheckReadable(kRemindersPath);
     std::vector<CcvReminderData> reminders;
-    for (const CString& key : ReminderKeys())
+    for (int index = 0; index < m_manager->GetRemindersCount(); ++index)
     {
-        CcvReminderData reminder(key);
-        if (reminder.LoadDataFromRegistry(kRemindersPath))
+        CcvReminderData& record = *m_manager->GetReminderByIndex(index);
+        if (EnsureLoaded(record))
         {
-            reminders.push_back(reminder);
+            reminders.push_back(record);
         }
     }
     return reminders;
 }
 
-CcvReminderData LoadReminder(std::string_view key)
+CcvReminderData Store::Get(std::string_view key)
 {
-    const CString name = ToLibrary(key);
-    // A backslash would reach into a key below a reminder.
-    if (key.empty() || key.find('\\') != std::string_view::npos ||
-        static_cast<std::size_t>(name.GetLength()) > kLongestKeyName)
+    CheckReadable(kRemindersPath);
+    CcvReminderData* const record = Find(ToLibrary(key));
+    if (record == nullptr)
     {
         ThrowUnknown(key);
     }
-    CcvReminderData reminder(name);
-    if (!reminder.LoadDataFromRegistry(kRemindersPath))
+    if (!EnsureLoaded(*record))
     {
-        RegistryHandle handle;
-        const CString path = CString(kRemindersPath) + L"\\" + name;
-        const LSTATUS error = handle.Open(HKEY_CURRENT_USER, path, KEY_READ);
-        if (error != ERROR_SUCCESS && error != ERROR_FILE_NOT_FOUND)
+        CheckReadable(CString(kRemindersPath) + L"\\" + record->GetReminderKey());
+        ThrowUnknown(key);
+    }
+    return *record;
+}
+
+CString Store::FindKey(const CString& path, const CString& map, const CString& topic)
+{
+    // Loads what the collection left unloaded.
+    static_cast<void>(All());
+    const CcvReminderData* const record = m_manager->GetReminderByGuid(path, map, topic);
+    return record != nullptr ? record->GetReminderKey() : CString();
+}
+
+CcvReminderData* Store::Find(const CString& key) const
+{
+    for (int index = 0; index < m_manager->GetRemindersCount(); ++index)
+    {
+        CcvReminderData* const record = m_manager->GetReminderByIndex(index);
+        if (IsSameKey(record->GetReminderKey(), key))
         {
-            ThrowUnreadable(error);
+            return record;
         }
-        ThrowUnknown(key);
     }
-    return reminder;
+    return nullptr;
 }
 
-void SaveReminder(CcvReminderData& reminder)
+void Store::Add(CcvReminderData& reminder)
 {
-    if (!reminder.SaveDataToRegistry(kRemindersPath) || !IsStored(reminder))
+    const bool saved = m_manager->AddReminder(&reminder, true);
+    if (!saved || !IsStored(reminder))
     {
-        throw OperationError("the reminder " + Quoted(FromLibrary(reminder.GetReminderKey())) +
-                             " could not be written");
-    }
-}
-
-void SaveNewReminder(CcvReminderData& reminder)
-{
-    try
-    {
-        SaveReminder(reminder);
-    }
-    catch (const OperationError&)
-    {
-        reminder.DeleteDataFromRegistry(kRemindersPath);
-        throw;
+        TakeBack(reminder);
+        ThrowUnwritable(reminder);
     }
 }
 
-void DeleteReminder(CcvReminderData& reminder)
+/// Deletes what there is of a reminder, in Outlook too.
+void Store::TakeBack(const CcvReminderData& reminder)
 {
-    if (!reminder.DeleteDataFromRegistry(kRemindersPath))
+    m_manager->UpdateReminderCollection();
+    CcvReminderData* const record = Find(reminder.GetReminderKey());
+    if (record != nullptr)
+    {
+        EnsureLoaded(*record);
+        CcvReminderData copy(*record);
+        m_manager->DeleteReminder(&copy, true);
+    }
+}
+
+void Store::Modify(CcvReminderData& reminder)
+{
+    // The library changes a reminder only where one of the same path, map and topic is loaded, and these may
+    // be what the user changed.
+    CcvReminderData* const record = Find(reminder.GetReminderKey());
+    if (record != nullptr)
+    {
+        *record = reminder;
+    }
+    CheckWritten(m_manager->ModifyReminder(&reminder, true), reminder);
+}
+
+void Store::Dismiss(CcvReminderData& reminder)
+{
+    CheckWritten(m_manager->DismissReminder(&reminder), reminder);
+}
+
+void Store::Snooze(CcvReminderData& reminder, const CTimeSpan& span)
+{
+    CheckWritten(m_manager->SnoozeReminder(&reminder, span), reminder);
+}
+
+void Store::Delete(CcvReminderData& reminder)
+{
+    if (!m_manager->DeleteReminder(&reminder, true))
     {
         throw OperationError("the reminder " + Quoted(FromLibrary(reminder.GetReminderKey())) +
                              " could not be deleted");
     }
+}
+
+void Store::Move(const CString& oldPath, const CString& newPath, const CString& map)
+{
+    m_manager->UpdateRemindersDocumentPath(oldPath, newPath, map);
+    Reload();
+}
+
+bool Store::OpenAppointment(CcvReminderData& reminder)
+{
+    return m_manager->OpenOutlookAppointment(&reminder);
+}
+
+bool Store::AwaitOutlook(const CTimeSpan& patience) const
+{
+    constexpr std::int64_t kMillisecondsInSecond = 1000;
+    return m_manager->WaitForOutlookCommands(
+        static_cast<DWORD>(patience.GetTimeSpan() * kMillisecondsInSecond));
+}
+
+void Store::AbandonOutlook()
+{
+    // To destroy the collection is to wait for the worker without limit. It ends with the process, and then
+    // cannot take its mark away itself.
+    static_cast<void>(m_manager.release());
+    CcvReminderOptionUtilities::SetSynchronizeInProgress(false);
 }
 
 } // namespace ts::console

@@ -326,7 +326,7 @@ std::string SpanText(CTimeSpan span)
             return std::to_string(seconds / unit) + name + (seconds == unit ? "" : "s");
         }
     }
-    return seconds == 0 ? "none" : std::to_string(seconds) + " seconds";
+    return seconds == 0 ? "none" : std::to_string(seconds) + (seconds == 1 ? " second" : " seconds");
 }
 
 bool IsCalendarTime(CTime time) noexcept

@@ -69,12 +69,12 @@ void DumpKey(HKEY parent, const std::wstring& name, const std::string& path, std
 
 } // namespace
 
-Outcome Reminders(const std::vector<std::string>& arguments, std::size_t width)
+Outcome Reminders(const std::vector<std::string>& arguments, std::size_t width, const CTimeSpan& patience)
 {
     std::ostringstream out;
     std::ostringstream err;
-    ts::console::Session session{out, width};
-    const int code = ts::console::Run(arguments, session, err);
+    ts::console::Session session{out, err, width, patience};
+    const int code = ts::console::Run(arguments, session);
     return {code, out.str(), err.str()};
 }
 

@@ -21,8 +21,9 @@ struct Outcome
     std::string err;
 };
 
-/// Runs the program with these arguments on a terminal of that width.
-Outcome Reminders(const std::vector<std::string>& arguments, std::size_t width = 100);
+/// Runs the program with these arguments on a terminal of that width, with so much patience for Outlook.
+Outcome Reminders(const std::vector<std::string>& arguments, std::size_t width = 100,
+                  const CTimeSpan& patience = CTimeSpan(30));
 
 /// The same, expecting success; the output without the line feed at its end.
 std::string Succeed(const std::vector<std::string>& arguments, std::size_t width = 100);

@@ -74,6 +74,17 @@ TEST_F(EditCommand, Once_KeepsTheOccurrenceInForce)
     EXPECT_EQ(before["due"], after["initialDue"]);
 }
 
+TEST_F(EditCommand, PathMapAndTopicAtOnce_ChangeThisReminderOnly)
+{
+    const std::string key = Add("2950-03-04T09:00");
+    const std::string twin = Add("2950-03-04T09:00");
+    EXPECT_EQ((Names{"documentPath", "mapGuid", "objectGuid"}),
+              Changed(key, {"--document", "D:\\x.map", "--map", kOtherMap, "--topic", kOtherMap}));
+    EXPECT_EQ("C:\\maps\\plan.map", SucceedJson({"show", twin})["documentPath"]);
+    EXPECT_EQ(key, Succeed({"find", "D:\\x.map", kOtherMap, kOtherMap}));
+    EXPECT_EQ(2u, SucceedJson({"list"}).size());
+}
+
 TEST_F(EditCommand, StatesOfSnoozeAndDismissal_Stay)
 {
     const std::string key = Add("2950-03-04T09:00");

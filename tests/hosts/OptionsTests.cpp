@@ -79,6 +79,12 @@ TEST_F(OptionsCommand, OutlookWithoutAddIn_IsOffWhateverIsStored)
     EXPECT_EQ("outlook off", Succeed({"options", "outlook", "off"}));
 }
 
+TEST_F(OptionsCommand, OutlookCheckWhileOutlookIsOff_Fails)
+{
+    WriteSetting(HKEY_CURRENT_USER, L"SynchronizeOutlookAppoints", 0);
+    ExpectFailure(1, "see 'reminders options outlook'", {"outlook-check"});
+}
+
 TEST_F(OptionsCommand, WrongUse_IsRefused)
 {
     WriteSetting(HKEY_CURRENT_USER, L"Other", 1);

@@ -1,4 +1,5 @@
 #include "ConsoleHarness.h"
+#include "Strings.h"
 
 #include <array>
 
@@ -172,6 +173,13 @@ TEST_F(ShowCommand, UnknownKey_FailsForEveryCommandThatTakesOne)
             ExpectFailure(1, "there is no reminder '" + wrong + "'", arguments);
         }
     }
+}
+
+TEST_F(ShowCommand, KeyInOtherCase_IsTheSameKey)
+{
+    std::string key = Add("2950-03-04T09:00");
+    const Json json = SucceedJson({"show", key});
+    EXPECT_EQ(json, SucceedJson({"show", ts::console::ToLower(key)}));
 }
 
 } // namespace

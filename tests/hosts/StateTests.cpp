@@ -145,6 +145,13 @@ TEST_F(StateCommands, Find_PrintsTheKey)
     ExpectFailure(2, "PATH", {"find"});
 }
 
+TEST_F(StateCommands, OpenAppointmentOfAReminderThatHasNone_Fails)
+{
+    const std::string key = Add("2950-03-04T09:00");
+    ExpectFailure(1, "has no appointment in Outlook", {"open-appointment", key});
+    ExpectFailure(1, "there is no reminder", {"open-appointment", "{x-0}"});
+}
+
 TEST_F(StateCommands, FindWithoutAStore_Fails)
 {
     ExpectFailure(1, "there is no reminder", {"find", "C:\\maps\\plan.map", kMap, kTopic});

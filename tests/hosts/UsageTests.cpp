@@ -7,8 +7,21 @@ class Usage : public ConsoleTest
 {
 };
 
-constexpr const char* kCommands[] = {"list",   "show",    "next",      "find",   "add",  "edit",
-                                     "snooze", "dismiss", "undismiss", "delete", "move", "options"};
+constexpr const char* kCommands[] = {"list",
+                                     "show",
+                                     "next",
+                                     "find",
+                                     "add",
+                                     "edit",
+                                     "snooze",
+                                     "dismiss",
+                                     "undismiss",
+                                     "delete",
+                                     "move",
+                                     "watch",
+                                     "open-appointment",
+                                     "outlook-check",
+                                     "options"};
 
 TEST_F(Usage, Nothing_PrintsHelpAndIsWrongUse)
 {
@@ -69,6 +82,11 @@ TEST_F(Usage, WrongUse_IsOneLineAndExitCode2)
         {"undismiss"},
         {"delete"},
         {"move"},
+        {"watch", "now"},
+        {"open-appointment"},
+        {"outlook-check", "now"},
+        {"list", "--no-outlook"},
+        {"snooze", key, "1h", "--no-outlook=maybe"},
         {"edit"},
         {"add"},
     };
