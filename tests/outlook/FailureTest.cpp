@@ -3,6 +3,7 @@
 #include "outlook/OutlookAppointments.h"
 #include "tests/outlook/MeddlingOutlook.h"
 #include "tests/outlook/OutlookTest.h"
+#include "tests/outlook_standin/Objects.h"
 #include "tests/support/HeapKind.h"
 
 #include <algorithm>
@@ -20,9 +21,9 @@ using standin::Moment;
 struct Operation
 {
     const char* title;
-    bool recurring;  ///< the reminder that was mirrored
-    bool mirrored;   ///< else it was never added
-    bool byEntryId;  ///< else found by searching
+    bool recurring;                            ///< the reminder that was mirrored
+    bool mirrored;                             ///< else it was never added
+    bool byEntryId;                            ///< else found by searching
     std::function<bool(CcvReminderData&)> run; ///< what a display says; else true
 };
 
@@ -49,8 +50,7 @@ bool ModifyLost(CcvReminderData& record)
 
 bool ModifyToMonthly(CcvReminderData& record)
 {
-    const CcvReminderData other = RecurringRecord(EcvReminderRecurrenceType::Monthly, {1, 0, 0, 1, 4, 4});
-    record.CopyRecurrence(other);
+    SetRecurrence(record, EcvReminderRecurrenceType::Monthly, {1, 0, 0, 1, 4, 4});
     ModifyAppointmentInOutlook(record);
     return true;
 }
@@ -132,7 +132,8 @@ class FailureTest : public OutlookTest, public testing::WithParamInterface<Opera
     }
 
     /// Whether the operation got so far that a record keeps what it learnt, and nothing else.
-    static void ExpectIdentifiers(const CcvReminderData& before, const CcvReminderData& after, const Texts& done)
+    static void ExpectIdentifiers(const CcvReminderData& before, const CcvReminderData& after,
+                                  const Texts& done)
     {
         if (Contains(done, L"put UserProperty.Value \"GUID\""))
         {
@@ -246,17 +247,22 @@ INSTANTIATE_TEST_SUITE_P(Operations, FailureTest, testing::ValuesIn(kOperations)
 
 TEST_P(MeddlingTest, EachAnswer_ThatIsOdd_LeavesNothingBehind)
 {
-    MeddlingOutlook meddling(
-        [&](IDispatch** application) { return m_outlook.CreateApplication(application); });
-    for (const Meddling kind :
-         {Meddling::FailLookUp, Meddling::FailQuery, Meddling::QueryAnswersNull, Meddling::AnswerNothing,
-          Meddling::AnswerText, Meddling::AnswerNumber, Meddling::AnswerNull, Meddling::AnswerNullObject,
-          Meddling::AnswerUnknown})
+    m_class.reset();
+    const MeddlingOutlook::CreateApplication create = [&](IDispatch** application)
+    {
+        *application = standin::FromObject<standin::ApplicationObject>(m_server).Detach().pdispVal;
+        return S_OK;
+    };
+    MeddlingOutlook meddling(create);
+    for (const Meddling kind : {Meddling::FailLookUp, Meddling::FailQuery, Meddling::QueryAnswersNull,
+                                Meddling::AnswerNothing, Meddling::AnswerText, Meddling::AnswerNumber,
+                                Meddling::AnswerNull, Meddling::AnswerNullObject, Meddling::AnswerUnknown})
     {
         long request = 0;
         do
         {
             ++request;
+            meddling.BeginRound(Meddling::Nothing, 0);
             CcvReminderData record = Prepare();
             meddling.BeginRound(kind, request);
             static_cast<void>(GetParam().run(record));

@@ -211,9 +211,9 @@ class MeddlingFactory final : public IClassFactory
 
 void PrintTo(Meddling meddling, std::ostream* out)
 {
-    constexpr const char* kNames[] = {"nothing",         "failing look-up",  "failing query", "query answers null",
-                                      "answers nothing", "answers text",     "answers -1",    "answers VT_NULL",
-                                      "answers null",    "answers IUnknown"};
+    constexpr const char* kNames[] = {
+        "nothing",      "failing look-up", "failing query",   "query answers null", "answers nothing",
+        "answers text", "answers -1",      "answers VT_NULL", "answers null",       "answers IUnknown"};
     *out << kNames[static_cast<int>(meddling)];
 }
 

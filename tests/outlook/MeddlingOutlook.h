@@ -20,15 +20,16 @@ enum class Meddling
     AnswerNothing,
     AnswerText,
     AnswerNumber,
-    AnswerNull,       ///< VT_NULL
+    AnswerNull, ///< VT_NULL
     AnswerNullObject,
     AnswerUnknown ///< an object, but not one that can be automated
 };
 
 void PrintTo(Meddling meddling, std::ostream* out);
 
-/// Stands between a client and an Outlook in this process, as the class that the client activates, and spoils one
-/// request after the other. Dispatch ids change with every BeginRound, as if another version of Outlook ran.
+/// Stands between a client and an Outlook in this process, as the class that the client activates, and spoils
+/// one request after the other. Dispatch ids change with every BeginRound, as if another version of Outlook
+/// ran.
 class MeddlingOutlook
 {
   public:

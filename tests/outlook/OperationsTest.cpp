@@ -211,7 +211,8 @@ TEST_F(OperationsTest, Dismiss_OfWhatIsNoOccurrence_ChangesNothing)
 {
     const CcvReminderData record = Mirror(DailyRecord());
     const Item before = ItemOf(record).value();
-    for (const CTime& due : {CTime(2026, 11, 28, 10, 0, 0), CTime(2026, 11, 29, 10, 0, 1), CTime(-1), CTime(INT64_MAX)})
+    for (const CTime& due :
+         {CTime(2026, 11, 28, 10, 0, 0), CTime(2026, 11, 29, 10, 0, 1), CTime(-1), CTime(INT64_MAX)})
     {
         DismissOccurrenceInOutlook(record, due);
         EXPECT_EQ(before, ItemOf(record).value());

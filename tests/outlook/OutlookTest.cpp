@@ -4,6 +4,7 @@
 #include "tests/support/RawRegistry.h"
 
 #include <algorithm>
+#include <objbase.h>
 
 namespace ts::test
 {
@@ -65,6 +66,8 @@ OutlookTest::OutlookTest()
 {
     // Without its key the option cannot be set.
     const RawKey created(kSettings);
+    CoInitialize(nullptr);
+    m_class.emplace(m_server);
 }
 
 OutlookTest::~OutlookTest()
@@ -72,6 +75,8 @@ OutlookTest::~OutlookTest()
     EXPECT_EQ(0, Server().GetLiveObjects());
     EXPECT_NE(std::optional(true), SynchronizeInProgress());
     DeleteKeyTree(kSettings);
+    m_class.reset();
+    CoUninitialize();
 }
 
 Texts OutlookTest::TakeCalls(const CcvReminderData& record)

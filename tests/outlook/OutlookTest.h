@@ -1,11 +1,13 @@
 #pragma once
 
 #include "tests/outlook/Records.h"
-#include "tests/outlook_standin/Standin.h"
+#include "tests/outlook_standin/ClassFactory.h"
+#include "tests/outlook_standin/Server.h"
 #include "tests/support/TextOutput.h"
 
 #include <gtest/gtest.h>
-#include <iosfwd>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,7 +33,7 @@ class OutlookTest : public testing::Test
     OutlookTest();
     ~OutlookTest() override;
 
-    [[nodiscard]] standin::Server& Server() { return m_outlook.GetServer(); }
+    [[nodiscard]] standin::Server& Server() { return *m_server; }
 
     /// The calls since the last time, with the record's identifiers as GUID and ENTRY.
     [[nodiscard]] Texts TakeCalls(const CcvReminderData& record);
@@ -46,12 +48,14 @@ class OutlookTest : public testing::Test
     template <typename Change>
     void ChangeItemOf(const CcvReminderData& record, const Change& change)
     {
-        Server().Write([&](standin::Calendar& calendar)
-                       { change(*calendar.FindByGuid(record.GetOutlookObjectGuid().GetString()).value().item); });
+        Server().Write(
+            [&](standin::Calendar& calendar)
+            { change(*calendar.FindByGuid(record.GetOutlookObjectGuid().GetString()).value().item); });
     }
     [[nodiscard]] std::size_t CalendarSize();
 
-    standin::InProcessOutlook m_outlook;
+    std::shared_ptr<standin::Server> m_server = std::make_shared<standin::Server>("");
+    std::optional<standin::ClassRegistration> m_class;
 };
 
 /// The DATE of a local time.

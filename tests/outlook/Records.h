@@ -30,10 +30,9 @@ namespace ts::test
 
 using Options = std::array<std::int32_t, 6>;
 
-/// A recurring reminder, with the six slots as they are stored. Their views are a test's business elsewhere.
-[[nodiscard]] inline CcvReminderData RecurringRecord(EcvReminderRecurrenceType type, const Options& options)
+/// The six slots as they are stored, by whichever of their names.
+inline void SetRecurrence(CcvReminderData& record, EcvReminderRecurrenceType type, const Options& options)
 {
-    CcvReminderData record = OneTimeRecord();
     record.SetRecurrenceType(type);
     record.SetDailyOccurenceType(static_cast<EcvReminderDailyOccurence>(options[0]));
     record.SetDailyRecurrenceNumber(options[1]);
@@ -41,6 +40,12 @@ using Options = std::array<std::int32_t, 6>;
     record.SetMonthlyReminderDayIntegralType(static_cast<EcvReminderDayIntegralType>(options[3]));
     record.SetMonthlyReminderDayType(options[4]);
     record.SetMonthlyReminderPattern2Month(options[5]);
+}
+
+[[nodiscard]] inline CcvReminderData RecurringRecord(EcvReminderRecurrenceType type, const Options& options)
+{
+    CcvReminderData record = OneTimeRecord();
+    SetRecurrence(record, type, options);
     return record;
 }
 

@@ -35,10 +35,7 @@ void PrintTo(const Row& row, std::ostream* out)
 
 const Row kRows[] = {
     {"EveryThirdDay", Type::Daily, {0, 3}, {{L"RecurrenceType", 0}, {L"Interval", 3}}},
-    {"EveryWeekday",
-     Type::Daily,
-     {1, 9},
-     {{L"RecurrenceType", 1}, {L"DayOfWeekMask", 62}, {L"Interval", 1}}},
+    {"EveryWeekday", Type::Daily, {1, 9}, {{L"RecurrenceType", 1}, {L"DayOfWeekMask", 62}, {L"Interval", 1}}},
     {"MondayWednesdayFridayOfEverySecondWeek",
      Type::Weekly,
      {2, 42},
@@ -111,7 +108,7 @@ Recurrence RecurrenceOf(const Properties& properties)
 }
 
 /// A pattern of which nothing fits any row.
-const Properties kOther = {{L"RecurrenceType", 2}, {L"Interval", 77},     {L"DayOfWeekMask", 64},
+const Properties kOther = {{L"RecurrenceType", 2}, {L"Interval", 77},   {L"DayOfWeekMask", 64},
                            {L"DayOfMonth", 7},     {L"MonthOfYear", 7}, {L"Instance", 0}};
 
 /// The writes that lead from `present` to the row.
@@ -187,7 +184,8 @@ TEST_P(RecurrencePatternTest, Modify_OfAnotherPattern_WritesEverySetting)
     const Properties present = PropertiesOf(ItemOf(m_record).value().recurrence.value());
     for (const Setting& setting : GetParam().settings)
     {
-        EXPECT_EQ(setting.value, present.at(setting.property)) << testing::PrintToString(CString(setting.property));
+        EXPECT_EQ(setting.value, present.at(setting.property))
+            << testing::PrintToString(CString(setting.property));
     }
     const standin::Item item = ItemOf(m_record).value();
     EXPECT_NEAR(DateOf(2026, 11, 26, 10), item.start, 1e-8);

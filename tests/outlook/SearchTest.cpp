@@ -34,7 +34,8 @@ class SearchTest : public OutlookTest
     }
     FolderId AddFolder(FolderId parent, long type = standin::kAppointmentItem)
     {
-        return Server().Write([&](Calendar& calendar) { return calendar.AddFolder(parent, L"folder", type); });
+        return Server().Write([&](Calendar& calendar)
+                              { return calendar.AddFolder(parent, L"folder", type); });
     }
     std::wstring AddItem(FolderId folder, std::vector<UserProperty> properties = {{L"Name", 1, kGuid}},
                          long type = standin::kAppointmentItem)
@@ -93,19 +94,18 @@ TEST_F(SearchTest, ByEntryId_InAFolderOfAnotherType_SearchesOn)
 
 TEST_F(SearchTest, ByEntryId_OfAnItemInAnotherStore_FindsIt)
 {
-    const std::wstring far =
-        Server().Write(
-            [&](Calendar& calendar)
-            {
-                const FolderId store = calendar.AddFolder(std::nullopt, L"archive", standin::kMailItem);
-                const FolderId folder = calendar.AddFolder(store, L"calendar", standin::kAppointmentItem);
-                Item item;
-                item.userProperties = {{L"Name", 1, kGuid}};
-                return calendar.AddItem(folder, item);
-            });
-    m_record.SetOutlookEntryId(far.c_str());
+    const std::wstring archived = Server().Write(
+        [&](Calendar& calendar)
+        {
+            const FolderId store = calendar.AddFolder(std::nullopt, L"archive", standin::kMailItem);
+            const FolderId folder = calendar.AddFolder(store, L"calendar", standin::kAppointmentItem);
+            Item item;
+            item.userProperties = {{L"Name", 1, kGuid}};
+            return calendar.AddItem(folder, item);
+        });
+    m_record.SetOutlookEntryId(archived.c_str());
     Modify();
-    EXPECT_TRUE(IsFound(far));
+    EXPECT_TRUE(IsFound(archived));
 }
 
 TEST_F(SearchTest, ByEntryId_OfAnItemThatIsNoAppointment_EndsTheOperation)
@@ -161,9 +161,9 @@ TEST_F(SearchTest, Full_FollowsAnItemThatMoved)
 {
     CcvReminderData record = Mirror(OneTimeRecord());
     const FolderId folder = AddFolder(AddFolder(Root(), standin::kMailItem));
-    const std::wstring moved = Server().Write(
-        [&](Calendar& calendar)
-        { return calendar.MoveItem(record.GetOutlookEntryId().GetString(), folder, false); });
+    const std::wstring moved =
+        Server().Write([&](Calendar& calendar)
+                       { return calendar.MoveItem(record.GetOutlookEntryId().GetString(), folder, false); });
     record.SetSubject(L"found");
     ModifyAppointmentInOutlook(record);
     EXPECT_TRUE(IsFound(moved));
@@ -175,16 +175,16 @@ TEST_F(SearchTest, Full_LeavesOtherStoresOut)
 {
     const FolderId store = Server().Write(
         [](Calendar& calendar) { return calendar.AddFolder(std::nullopt, L"archive", standin::kMailItem); });
-    const std::wstring far = AddItem(AddFolder(store));
+    const std::wstring archived = AddItem(AddFolder(store));
     Modify();
-    EXPECT_FALSE(IsFound(far));
+    EXPECT_FALSE(IsFound(archived));
     EXPECT_TRUE(WasAddedAnew());
 }
 
 TEST_F(SearchTest, Guid_CountsUnderAnyNameAndAfterOthers)
 {
-    const std::wstring own =
-        AddItem(CalendarFolder(), {{L"A", 1, L"a"}, {L"B", 3, 5.0}, {L"C", 6, true}, {L"Any name", 1, kGuid}});
+    const std::wstring own = AddItem(
+        CalendarFolder(), {{L"A", 1, L"a"}, {L"B", 3, 5.0}, {L"C", 6, true}, {L"Any name", 1, kGuid}});
     Modify();
     EXPECT_TRUE(IsFound(own));
 }
@@ -194,13 +194,13 @@ TEST_F(SearchTest, Guid_IsComparedExactly)
     std::wstring lower = kGuid;
     lower[3] = L'f';
     lower[2] = L'b';
-    const std::wstring near[] = {AddItem(CalendarFolder(), {{L"A", 1, lower}}),
-                                 AddItem(CalendarFolder(), {{L"A", 1, std::wstring(kGuid) + L" "}}),
-                                 AddItem(CalendarFolder(), {{L"A", 1, std::wstring(kGuid) + L'\0'}}),
-                                 AddItem(CalendarFolder(), {{L"A", 1, std::wstring(kGuid).substr(0, 37)}}),
-                                 AddItem(CalendarFolder(), {})};
+    const std::wstring similar[] = {AddItem(CalendarFolder(), {{L"A", 1, lower}}),
+                                    AddItem(CalendarFolder(), {{L"A", 1, std::wstring(kGuid) + L" "}}),
+                                    AddItem(CalendarFolder(), {{L"A", 1, std::wstring(kGuid) + L'\0'}}),
+                                    AddItem(CalendarFolder(), {{L"A", 1, std::wstring(kGuid).substr(0, 37)}}),
+                                    AddItem(CalendarFolder(), {})};
     Modify();
-    for (const std::wstring& other : near)
+    for (const std::wstring& other : similar)
     {
         EXPECT_FALSE(IsFound(other));
     }
@@ -236,7 +236,8 @@ TEST_F(SearchTest, Full_GoesAsDeepAsStoresGo)
     // The deepest folder's own type does not matter: only a calendar below the last level is out of reach.
     const FolderId unreachable = AddFolder(folder);
     const std::wstring lost = AddItem(unreachable);
-    const FolderId parent = Server().Read([&](Calendar& calendar) { return calendar.FindParent(folder)->id; });
+    const FolderId parent =
+        Server().Read([&](Calendar& calendar) { return calendar.FindParent(folder)->id; });
     EXPECT_FALSE(DisplayOutlookAppointment(m_record));
     AddItem(AddFolder(parent));
     EXPECT_TRUE(DisplayOutlookAppointment(m_record));
