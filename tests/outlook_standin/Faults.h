@@ -43,16 +43,16 @@ struct Death
 /// What is to go wrong.
 struct Faults
 {
-    std::optional<HRESULT> refuseActivation;
-    std::optional<CallFailure> failure;
+    std::optional<HRESULT> refuseActivation = std::nullopt;
+    std::optional<CallFailure> failure = std::nullopt;
     /// The server's process ends. Inside the test's own process the stand-in answers from then on what calls
     /// to an ended server answer, and refuses activation.
-    std::optional<Death> death;
+    std::optional<Death> death = std::nullopt;
     std::chrono::milliseconds delayPerCall{0};
     /// "Appointment.Subject": looking up this member's dispatch id fails.
-    std::wstring unknownMember;
+    std::wstring unknownMember = {};
     /// "Appointment" or "Folder": objects of this kind do not answer to their own interface id.
-    std::wstring withoutInterface;
+    std::wstring withoutInterface = {};
 };
 
 /// What a member of the stand-in's objects throws for a call that fails.
