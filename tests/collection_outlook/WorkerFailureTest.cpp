@@ -102,6 +102,13 @@ TEST(TextValueTest, WithoutMemory_RaisesMemoryException)
     EXPECT_THROW(static_cast<void>(TextValue(text)), CMemoryException);
 }
 
+TEST(TextValueTest, WithoutMemoryForAnAnswer_RaisesMemoryException)
+{
+    const _variant_t answer = TextValue(std::wstring(kLongText, L'x').c_str());
+    const NoMemoryForTexts noMemory;
+    EXPECT_THROW(static_cast<void>(ToText(answer)), CMemoryException);
+}
+
 TEST_F(WorkerFailureTest, WithoutMemory_TheWorkerEndsAndTheManagerGoesOn)
 {
     {
@@ -131,7 +138,15 @@ TEST_F(WorkerFailureTest, WithoutMemory_TheThreadEndsWithZero)
     const auto thread = std::make_unique<CWinThread>(OutlookWorkerThreadProc, &queue);
     thread->m_bAutoDelete = FALSE;
     ASSERT_TRUE(thread->CreateThread());
-    while (WaitForSingleObject(thread->m_hThread, 10) == WAIT_TIMEOUT)
+    const bool ended = BecomesTrue(
+        [&]
+        {
+            thread->ResumeThread();
+            return HasEnded(*thread);
+        });
+    EXPECT_TRUE(ended);
+    queue.SetRunning(false);
+    while (!HasEnded(*thread))
     {
         thread->ResumeThread();
     }
