@@ -51,7 +51,7 @@ struct Recurrence
     double startTime = 0; // without a date
     double endTime = 0;   // without a date
     double patternStartDate = 0;
-    std::vector<double> deletedOccurrences; // the starts of those that are gone
+    std::vector<double> deletedOccurrences = {}; // the starts of those that are gone
 
     bool operator==(const Recurrence&) const = default;
 };
@@ -59,15 +59,15 @@ struct Recurrence
 struct Item
 {
     long type = kAppointmentItem;
-    std::wstring entryId; // empty before the item is saved for the first time
-    std::wstring subject;
-    std::wstring body;
+    std::wstring entryId = {}; // empty before the item is saved for the first time
+    std::wstring subject = {};
+    std::wstring body = {};
     double start = 0;
     double end = 0;
     long busyStatus = kBusy;
     bool reminderSet = true;
-    std::vector<UserProperty> userProperties;
-    std::optional<Recurrence> recurrence;
+    std::vector<UserProperty> userProperties = {};
+    std::optional<Recurrence> recurrence = std::nullopt;
 
     bool operator==(const Item&) const = default;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace ts::standin
 {
@@ -21,6 +22,20 @@ struct Call
 {
     const std::wstring text = call.access + L" " + call.object + L"." + call.member;
     return call.arguments.empty() ? text : text + L" " + call.arguments;
+}
+
+/// Without the activations.
+[[nodiscard]] inline std::vector<std::wstring> TextsOf(const std::vector<Call>& calls)
+{
+    std::vector<std::wstring> texts;
+    for (const Call& call : calls)
+    {
+        if (call.access != L"activate")
+        {
+            texts.push_back(ToText(call));
+        }
+    }
+    return texts;
 }
 
 } // namespace ts::standin

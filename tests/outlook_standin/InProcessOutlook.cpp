@@ -240,16 +240,3 @@ void ts::standin::InProcessOutlook::LoseItem(std::wstring_view guid)
 {
     m_server->Write([&](Calendar& calendar) { calendar.LoseItem(RequireEntryId(calendar, guid)); });
 }
-
-std::vector<std::wstring> ts::standin::InProcessOutlook::GetCallTexts() const
-{
-    std::vector<std::wstring> texts;
-    for (const Call& call : GetCalls())
-    {
-        if (call.access != L"activate")
-        {
-            texts.push_back(ToText(call));
-        }
-    }
-    return texts;
-}

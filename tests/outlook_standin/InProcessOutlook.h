@@ -61,7 +61,7 @@ class InProcessOutlook
     void ClearFaults() { m_server->SetFaults({}); }
     [[nodiscard]] std::vector<Call> GetCalls() const { return m_server->GetCalls(); }
     /// As ToText writes them, without the activations.
-    [[nodiscard]] std::vector<std::wstring> GetCallTexts() const;
+    [[nodiscard]] std::vector<std::wstring> GetCallTexts() const { return TextsOf(GetCalls()); }
     void ClearCalls() { m_server->ClearCalls(); }
     /// The COM objects that clients hold.
     [[nodiscard]] long LiveObjects() const noexcept { return m_server->GetLiveObjects(); }

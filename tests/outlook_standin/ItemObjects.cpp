@@ -178,7 +178,7 @@ void ts::standin::AppointmentObject::SetEnd(double end)
     item.end = end;
     if (item.recurrence)
     {
-        item.recurrence->endTime = end - std::floor(end);
+        item.recurrence->endTime = ClockTimeOf(end);
     }
 }
 

@@ -58,27 +58,20 @@ void SetType(Pattern& self, const VARIANT& value)
     self.Set(changed);
 }
 
-// Times are kept without a date, whatever arrives.
-double ClockTimeOf(const VARIANT& value)
-{
-    const double date = DateOf(value);
-    return date - std::floor(date);
-}
-
 /// The length stays; the end follows.
 void SetStartTime(Pattern& self, const VARIANT& value)
 {
     Recurrence changed = self.Get();
-    const double end = ClockTimeOf(value) + LengthOf(changed);
-    changed.startTime = ClockTimeOf(value);
-    changed.endTime = end - std::floor(end);
+    const double length = LengthOf(changed);
+    changed.startTime = ClockTimeOf(DateOf(value));
+    changed.endTime = ClockTimeOf(changed.startTime + length);
     self.Set(changed);
 }
 
 void SetEndTime(Pattern& self, const VARIANT& value)
 {
     Recurrence changed = self.Get();
-    changed.endTime = ClockTimeOf(value);
+    changed.endTime = ClockTimeOf(DateOf(value));
     self.Set(changed);
 }
 

@@ -1,8 +1,11 @@
 #include "tests/outlook_standin/RecurrenceRules.h"
 
+#include "platform/WindowsHeaders.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <oleauto.h>
 
 namespace
 {
@@ -123,11 +126,6 @@ bool RecursOn(const Recurrence& recurrence, std::chrono::sys_days day)
     return false;
 }
 
-double TimeOf(double date)
-{
-    return date - std::floor(date);
-}
-
 bool SameMoment(double first, double second)
 {
     return std::abs(first - second) < kHalfSecond;
@@ -135,11 +133,25 @@ bool SameMoment(double first, double second)
 
 } // namespace
 
+double ts::standin::ClockTimeOf(double date) noexcept
+{
+    SYSTEMTIME fields{};
+    double time = 0;
+    if (VariantTimeToSystemTime(date, &fields) != FALSE)
+    {
+        fields.wYear = 1899;
+        fields.wMonth = 12;
+        fields.wDay = 30;
+        SystemTimeToVariantTime(&fields, &time);
+    }
+    return time;
+}
+
 ts::standin::Recurrence ts::standin::DefaultRecurrence(const Item& item)
 {
     Recurrence recurrence;
-    recurrence.startTime = TimeOf(item.start);
-    recurrence.endTime = TimeOf(item.end);
+    recurrence.startTime = ClockTimeOf(item.start);
+    recurrence.endTime = ClockTimeOf(item.end);
     recurrence.patternStartDate = std::floor(item.start);
     recurrence.dayOfWeekMask = MaskOf(DayOf(recurrence.patternStartDate));
     return recurrence;

@@ -21,6 +21,10 @@ void ChangeType(Recurrence& recurrence, RecurrenceType type);
 /// Moves the item to the start of its pattern and gives it the pattern's length.
 void FollowPattern(Item& item);
 
+/// The clock time of a date, to the second, as a time without a date. The fraction of the number alone would
+/// differ from that in its last digits.
+[[nodiscard]] double ClockTimeOf(double date) noexcept;
+
 /// In days.
 [[nodiscard]] double LengthOf(const Recurrence& recurrence) noexcept;
 

@@ -6,3 +6,4 @@
 /// not have.
 
 #include "tests/outlook_standin/InProcessOutlook.h"
+#include "tests/outlook_standin/OutlookProcess.h"
