@@ -102,7 +102,7 @@ const Operation kOperations[] = {
 class FailureTest : public OutlookTest, public testing::WithParamInterface<Operation>
 {
   protected:
-    /// A fresh calendar, in which a nested folder holds the reminder's appointment.
+    /// A fresh calendar, with the reminder's appointment where the operation needs one.
     CcvReminderData Prepare()
     {
         Server().SetFaults({});
@@ -131,7 +131,7 @@ class FailureTest : public OutlookTest, public testing::WithParamInterface<Opera
         return std::find(calls.begin(), calls.end(), call) != calls.end();
     }
 
-    /// Whether the operation got so far that a record keeps what it learnt, and nothing else.
+    /// A record keeps what the calls that were done told it, and nothing else changes.
     static void ExpectIdentifiers(const CcvReminderData& before, const CcvReminderData& after,
                                   const Texts& done)
     {
@@ -148,7 +148,7 @@ class FailureTest : public OutlookTest, public testing::WithParamInterface<Opera
                   before.GetOutlookEntryId() != after.GetOutlookEntryId());
     }
 
-    /// What the failing call is answered with makes an operation end there, unless it asks for an entry id.
+    /// An operation ends where a call fails, unless that asked for an entry id.
     static void ExpectToEndWith(const std::wstring& failed, const Texts& calls, std::size_t number)
     {
         if (!failed.starts_with(L"call Namespace.GetItemFromID"))
@@ -161,7 +161,6 @@ class FailureTest : public OutlookTest, public testing::WithParamInterface<Opera
     bool FailAt(long number, const CallFailure& failure)
     {
         CcvReminderData record = Prepare();
-        const CString lost = L"{lost}";
         standin::Faults faults;
         faults.failure = failure;
         faults.failure->call = number;
@@ -170,7 +169,7 @@ class FailureTest : public OutlookTest, public testing::WithParamInterface<Opera
         const bool answer = GetParam().run(record);
         if (std::string(GetParam().title) == "ModifyLost")
         {
-            before.SetOutlookObjectGuid(lost);
+            before.SetOutlookObjectGuid(L"{lost}");
             before.SetOutlookEntryId(L"00");
         }
         Texts calls = TakeCalls(record);
@@ -181,12 +180,12 @@ class FailureTest : public OutlookTest, public testing::WithParamInterface<Opera
             EXPECT_TRUE(answer);
             return false;
         }
-        Check(before, record, calls, number, failure, answer);
+        Check(before, record, calls, number, answer);
         return true;
     }
 
     static void Check(const CcvReminderData& before, const CcvReminderData& record, Texts calls, long number,
-                      const CallFailure& failure, bool answer)
+                      bool answer)
     {
         const auto index = static_cast<std::size_t>(number) - 1;
         const std::wstring failed = calls[index];
@@ -198,7 +197,6 @@ class FailureTest : public OutlookTest, public testing::WithParamInterface<Opera
         {
             EXPECT_EQ(failed.starts_with(L"call Namespace.GetItemFromID"), answer);
         }
-        static_cast<void>(failure);
     }
 };
 
