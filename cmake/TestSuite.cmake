@@ -1,4 +1,5 @@
-# A test suite is one program. ts_add_suite(NAME SOURCES...) builds three of it and registers each with CTest:
+# A test suite is one program. ts_add_suite(NAME SOURCES... [OBJECTS LIBRARIES...]) builds three of it, each with the
+# objects of the libraries, and registers each with CTest:
 #   NAME        the sources and the library's objects as they are
 #   NAME_guard  the same objects over a heap that ends each allocation at an inaccessible page
 #   NAME_ubsan  the library's sources compiled with traps on undefined behaviour
@@ -12,14 +13,16 @@ function(ts_add_library_with_traps)
 endfunction()
 
 function(ts_add_suite name)
-  add_library(${name}_objects OBJECT ${ARGN})
+  cmake_parse_arguments(PARSE_ARGV 1 suite "" "" OBJECTS)
+  add_library(${name}_objects OBJECT ${suite_UNPARSED_ARGUMENTS})
   target_compile_definitions(${name}_objects PRIVATE TS_STATIC)
   target_include_directories(${name}_objects PRIVATE ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name}_objects PRIVATE ts_warnings gtest)
 
-  ts_add_suite_program(${name} ts_objects ${name}_objects ts_test_main ts_plain_heap)
-  ts_add_suite_program(${name}_guard ts_objects ${name}_objects ts_test_main ts_guard_page_heap)
-  ts_add_suite_program(${name}_ubsan ts_objects_ubsan ${name}_objects ts_test_main ts_plain_heap)
+  ts_add_suite_program(${name} ts_objects ${name}_objects ts_test_main ts_plain_heap ${suite_OBJECTS})
+  ts_add_suite_program(${name}_guard ts_objects ${name}_objects ts_test_main ts_guard_page_heap ${suite_OBJECTS})
+  ts_add_suite_program(${name}_ubsan ts_objects_ubsan ${name}_objects ts_test_main ts_plain_heap
+    ${suite_OBJECTS})
 endfunction()
 
 # ts_add_suite_program(NAME OBJECT_LIBRARIES...): one test program out of object libraries.

@@ -13,8 +13,9 @@ using ts::AutomationObject;
 using ts::outlook::CollectionMembers;
 using OptionalObject = std::optional<AutomationObject>;
 
-// A store that is damaged so that a folder contains itself must not exhaust the stack.
-constexpr int kMaximumDepth = 100;
+// A store that is damaged so that a folder contains itself must not exhaust the stack. No store lets folders
+// be nested as deep.
+constexpr int kMaximumDepth = 300;
 
 /// What `visit` says to the first object of the collection to which it says something; nothing or false else.
 template <typename Visit>

@@ -13,7 +13,7 @@ namespace ts
 
 /// The appointment that carries `objectGuid`: the one that `entryId` leads to, if that is in a calendar
 /// folder, else the first one found in the calendar folders of the user's default store. Folders that are
-/// nested more than a hundred levels deep are not searched. `session` is Outlook's MAPI namespace. Raises
+/// nested more than 300 levels deep are not searched. `session` is Outlook's MAPI namespace. Raises
 /// CcvComException when the search fails.
 [[nodiscard]] std::optional<AutomationObject> FindOutlookAppointment(const CString& objectGuid,
                                                                      const CString& entryId,

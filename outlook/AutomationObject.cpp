@@ -68,7 +68,8 @@ ts::AutomationObject ObjectIn(const _variant_t& value)
 
 ts::AutomationObject::AutomationObject(const DispatchPtr& object) : m_object(object)
 {
-    if (m_object == nullptr)
+    // Compared as it is: the pointer's own comparison would ask the object for its identity.
+    if (m_object.GetInterfacePtr() == nullptr)
     {
         throw CcvComException(E_POINTER);
     }
@@ -136,7 +137,7 @@ _variant_t ts::AutomationObject::Invoke(const AutomationMember& member, WORD kin
     if (result == DISP_E_MEMBERNOTFOUND && known != DISPID_UNKNOWN)
     {
         // Nothing was done yet. The id may be that of a server that is no longer the one that answers.
-        answer.Clear();
+        VariantClear(&answer);
         result = invoke(LookUp(member));
     }
     if (FAILED(result))
