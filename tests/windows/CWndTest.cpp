@@ -2,6 +2,7 @@
 #include "tests/support/WindowDriver.h"
 
 #include <bit>
+#include <commctrl.h>
 #include <gtest/gtest.h>
 #include <optional>
 #include <stdexcept>
