@@ -243,6 +243,7 @@ TEST(SoundUtilitiesTest, NoSuchSound_IsQuietAndSaysSo)
 {
     EXPECT_EQ(FALSE, CcvSoundUtilities::PlaySoundHelper(L"C:\\no such sound.wav", nullptr,
                                                         SND_FILENAME | SND_NODEFAULT));
+    EXPECT_NE(nullptr, GetModuleHandleW(L"winmm.dll")) << "the system was asked";
 }
 
 TEST(TimedWaiterTest, Done_EndsTheWaitAtOnce)
