@@ -379,20 +379,16 @@ std::tm ts::TimePickerFields::LocalFields() const
 std::optional<CTime> ts::TimePickerFields::OnSameDate(ClockTime clock) const
 {
     const std::tm date = LocalFields();
-    // The runtime makes an earlier time of one that the clocks skip. Where that would be the day before, the
-    // time is read as winter's, which makes it a later one.
-    for (const int daylightSaving : {-1, 0})
+    std::tm local = date;
+    local.tm_hour = clock.hour;
+    local.tm_min = clock.minute;
+    local.tm_sec = 0;
+    local.tm_isdst = -1;
+    const std::int64_t seconds = _mktime64(&local);
+    // Of a midnight that the clocks skip, the runtime makes an hour of the day before.
+    if (seconds == -1 || local.tm_mday != date.tm_mday)
     {
-        std::tm local = date;
-        local.tm_hour = clock.hour;
-        local.tm_min = clock.minute;
-        local.tm_sec = 0;
-        local.tm_isdst = daylightSaving;
-        const std::int64_t seconds = _mktime64(&local);
-        if (seconds != -1 && local.tm_mday == date.tm_mday)
-        {
-            return CTime(seconds);
-        }
+        return std::nullopt;
     }
-    return std::nullopt;
+    return CTime(seconds);
 }

@@ -83,6 +83,7 @@ class TimePickerFields
     void StepClock(TimePickerField field, bool up);
     /// The time's local fields, at midnight of today when it has none.
     [[nodiscard]] std::tm LocalFields() const;
+    /// Nothing when there is no such time on that date.
     [[nodiscard]] std::optional<CTime> OnSameDate(ClockTime clock) const;
 
     const TimePickerLocale& m_locale;

@@ -193,22 +193,34 @@ TEST(TimePickerControlTest, ObjectThatGoesFirst_TakesItsWindowsAlong)
     EXPECT_FALSE(IsWindow(edit));
 }
 
+namespace
+{
+
+std::wstring UsersDesignator(LCTYPE type)
+{
+    wchar_t text[20] = L"";
+    EXPECT_NE(0, GetLocaleInfoW(LOCALE_USER_DEFAULT, type, text, 20));
+    return text;
+}
+
+} // namespace
+
 /// With the settings that the user really has: run in the locales of this table.
 TEST(TimePickerUsersLocaleTest, Control_ShowsTheUsersFormat)
 {
     struct Look
     {
-        const wchar_t* morning;
-        const wchar_t* afternoon;
+        std::wstring morning;
+        std::wstring afternoon;
     };
     const std::map<std::wstring, Look> looks = {
-        {L"en-US", {L" 9:05 AM", L" 3:07 PM"}},
+        {L"en-US", {L" 9:05 " + UsersDesignator(LOCALE_S1159), L" 3:07 " + UsersDesignator(LOCALE_S2359)}},
         {L"en-GB", {L"09:05", L"15:07"}},
         {L"de-DE", {L"09:05", L"15:07"}},
         {L"fr-FR", {L"09:05", L"15:07"}},
         {L"fi-FI", {L" 9.05", L"15.07"}},
         {L"ja-JP", {L" 9:05", L"15:07"}},
-        {L"ko-KR", {L"\uC624\uC804  9:05", L"\uC624\uD6C4  3:07"}},
+        {L"ko-KR", {UsersDesignator(LOCALE_S1159) + L"  9:05", UsersDesignator(LOCALE_S2359) + L"  3:07"}},
     };
     wchar_t name[LOCALE_NAME_MAX_LENGTH] = L"";
     ASSERT_NE(0, GetUserDefaultLocaleName(name, LOCALE_NAME_MAX_LENGTH));
