@@ -1,6 +1,6 @@
 #include "dialogs/CcvStaticImage.h"
 
-#include <initializer_list>
+#include <algorithm>
 
 namespace
 {
@@ -14,14 +14,8 @@ CPoint Centred(CSize image, CSize area)
 
 int IconSizeFor(CSize area)
 {
-    for (const int size : {48, 32})
-    {
-        if (area.cx >= size && area.cy >= size)
-        {
-            return size;
-        }
-    }
-    return 16;
+    const long side = std::min(area.cx, area.cy);
+    return side >= 48 ? 48 : side >= 32 ? 32 : 16;
 }
 
 } // namespace

@@ -12,6 +12,8 @@ class CcvStaticImage : public CStatic
 {
   public:
     CcvStaticImage() noexcept;
+    CcvStaticImage(const CcvStaticImage&) = delete;
+    CcvStaticImage& operator=(const CcvStaticImage&) = delete;
     ~CcvStaticImage() override;
 
     void DrawItem(DRAWITEMSTRUCT* item) override;

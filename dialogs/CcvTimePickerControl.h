@@ -12,6 +12,8 @@ class CcvTimePickerControl : public CEdit
     /// `locale` must outlive the control.
     explicit CcvTimePickerControl(
         const ts::TimePickerLocale& locale = ts::StartUpTimePickerLocale()) noexcept;
+    CcvTimePickerControl(const CcvTimePickerControl&) = delete;
+    CcvTimePickerControl& operator=(const CcvTimePickerControl&) = delete;
     ~CcvTimePickerControl() override;
 
     /// Takes over an edit control of the dialog and shows the present time. False when there is no such
