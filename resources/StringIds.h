@@ -140,6 +140,7 @@
 // Recurrence panes: messages.
 #define IDS_DAY_NOT_IN_EVERY_MONTH 164 // %d: OK or Cancel; the day is taken back to the end of short months
 #define IDS_DAY_ABOVE_MAXIMUM 165      // %d: the last day that can be entered
+#define IDS_NOT_A_WHOLE_NUMBER 61712   // a text where a number belongs, or a number beyond 32 bits
 #define IDS_NUMBER_BELOW_ONE 166       // a day, or a number of days, weeks or months
 #define IDS_LEAP_DAY 170               // OK or Cancel; February 29 becomes March 1 and stays there
 #define IDS_NO_DAY_OF_WEEK 180         // a weekly pattern without a day

@@ -1,5 +1,5 @@
+#include "platform/mfc/CWinThread.h"
 #include "platform/ThreadSlot.h"
-#include "platform/mfc/afxwin.h"
 
 #include <memory>
 #include <process.h>

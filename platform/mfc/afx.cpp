@@ -10,6 +10,16 @@ const char* CMemoryException::what() const noexcept
     return "out of memory";
 }
 
+const char* CNotSupportedException::what() const noexcept
+{
+    return "not supported";
+}
+
+const char* CUserException::what() const noexcept
+{
+    return "ended for a reason that the user knows";
+}
+
 void AfxThrowMemoryException()
 {
     throw CMemoryException();

@@ -23,6 +23,20 @@ class TS_API CMemoryException : public CException
 
 [[noreturn]] TS_API void AfxThrowMemoryException();
 
+/// Raised where something is asked for that there is not, such as a control that a dialog lacks.
+class TS_API CNotSupportedException : public CException
+{
+  public:
+    [[nodiscard]] const char* what() const noexcept override;
+};
+
+/// Ends a data exchange whose user has been told why.
+class TS_API CUserException : public CException
+{
+  public:
+    [[nodiscard]] const char* what() const noexcept override;
+};
+
 class CArchive;
 class CDumpContext;
 
@@ -60,6 +74,10 @@ class CObject
 #define DECLARE_DYNAMIC(class_name)                                                                          \
   public:                                                                                                    \
     [[nodiscard]] const CRuntimeClass* GetRuntimeClass() const override;                                     \
+    [[nodiscard]] static const CRuntimeClass* GetThisClass()                                                 \
+    {                                                                                                        \
+        return &class##class_name;                                                                           \
+    }                                                                                                        \
     static const CRuntimeClass class##class_name;
 
 #define IMPLEMENT_DYNAMIC(class_name, base_class_name)                                                       \

@@ -1,60 +1,13 @@
 #pragma once
 
-#include "platform/mfc/afx.h"
-
-/// The application object of a module. A module has one, for as long as it is loaded.
-class CWinApp
-{
-  public:
-    /// `applicationName` is not copied and may be null.
-    explicit CWinApp(const wchar_t* applicationName = nullptr) noexcept : m_pszAppName(applicationName) {}
-    CWinApp(const CWinApp&) = delete;
-    CWinApp& operator=(const CWinApp&) = delete;
-    virtual ~CWinApp();
-
-    const wchar_t* m_pszAppName;
-};
-
-/// The module that contains the library's code.
-[[nodiscard]] HINSTANCE AfxGetInstanceHandle() noexcept;
-
-/// The module from which the calling thread loads resources: AfxGetInstanceHandle unless another was set.
-[[nodiscard]] HINSTANCE AfxGetResourceHandle() noexcept;
-
-/// Sets the calling thread's resource module; null sets the module itself again.
-void AfxSetResourceHandle(HINSTANCE module) noexcept;
-
-using AFX_THREADPROC = UINT (*)(void* parameter);
-
-/// A thread that AfxBeginThread started, and the owner of its handle. Deletes itself when the thread ends,
-/// unless m_bAutoDelete was set to FALSE before; then it belongs to whoever did so.
-class CWinThread
-{
-  public:
-    CWinThread(AFX_THREADPROC procedure, void* parameter) noexcept;
-    CWinThread(const CWinThread&) = delete;
-    CWinThread& operator=(const CWinThread&) = delete;
-    ~CWinThread();
-
-    /// Creates the thread, suspended. False when the system has none to give; GetLastError says why.
-    [[nodiscard]] BOOL CreateThread() noexcept;
-    /// One suspension more, or less. The number of them before, or 0xFFFFFFFF on failure.
-    DWORD SuspendThread() const noexcept { return ::SuspendThread(m_hThread); }
-    DWORD ResumeThread() const noexcept { return ::ResumeThread(m_hThread); }
-
-    HANDLE m_hThread = nullptr;
-    BOOL m_bAutoDelete = TRUE;
-
-  private:
-    static unsigned __stdcall Run(void* self) noexcept;
-
-    AFX_THREADPROC m_procedure;
-    void* m_parameter;
-};
-
-/// Starts a thread of normal priority, default stack size and default security that runs `procedure` and ends
-/// with its result; no exception may leave it. The thread's object, or null when there is no thread.
-CWinThread* AfxBeginThread(AFX_THREADPROC procedure, void* parameter);
-
-/// The object of the calling thread; null when AfxBeginThread did not start it.
-[[nodiscard]] CWinThread* AfxGetThread() noexcept;
+// Windows, dialogs, the basic controls and drawing, and the module's own objects.
+#include "platform/mfc/BasicControls.h"
+#include "platform/mfc/CDC.h"
+#include "platform/mfc/CDialog.h"
+#include "platform/mfc/CGdiObject.h"
+#include "platform/mfc/CMenu.h"
+#include "platform/mfc/CWinApp.h"
+#include "platform/mfc/CWinThread.h"
+#include "platform/mfc/CWnd.h"
+#include "platform/mfc/afxdd_.h"
+#include "platform/mfc/atltypes.h"

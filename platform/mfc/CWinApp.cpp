@@ -1,4 +1,4 @@
-#include "platform/mfc/afxwin.h"
+#include "platform/mfc/CWinApp.h"
 
 #include "platform/ThreadSlot.h"
 
@@ -28,4 +28,15 @@ HINSTANCE AfxGetResourceHandle() noexcept
 void AfxSetResourceHandle(HINSTANCE module) noexcept
 {
     g_resourceModule.Set(module == AfxGetInstanceHandle() ? nullptr : module);
+}
+
+HINSTANCE AfxFindResourceHandle(const wchar_t* name, const wchar_t* type) noexcept
+{
+    const HINSTANCE resources = AfxGetResourceHandle();
+    if (FindResourceW(resources, name, type) == nullptr &&
+        FindResourceW(AfxGetInstanceHandle(), name, type) != nullptr)
+    {
+        return AfxGetInstanceHandle();
+    }
+    return resources;
 }
