@@ -1,0 +1,3 @@
+#include "platform/ts/CBCGPDialog.h"
+
+IMPLEMENT_DYNAMIC(CBCGPDialog, CDialog)

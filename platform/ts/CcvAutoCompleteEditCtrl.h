@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/ComApartment.h"
+#include "platform/mfc/BasicControls.h"
+
+#include <optional>
+#include <vector>
+
+/// An edit control that offers texts to choose from while the user types, with the shell's auto-completion.
+class CcvAutoCompleteEditCtrl : public CEdit
+{
+    DECLARE_DYNAMIC(CcvAutoCompleteEditCtrl)
+
+  public:
+    /// Offers these texts as long as the window lives; once for a window. False, and an ordinary edit
+    /// control, where the shell cannot do it.
+    BOOL SetSuggestions(std::vector<CString> suggestions);
+
+  protected:
+    void PostNcDestroy() override;
+
+  private:
+    // The shell's object lives with the window and needs COM for as long.
+    std::optional<ts::ComApartment> m_apartment;
+};
