@@ -16,6 +16,30 @@ inline CcvReminderData DueAt(CTime due)
     return reminder;
 }
 
+/// The same reminder for a topic that has none yet.
+inline CcvReminderData WithoutKey(const CcvReminderData& reminder)
+{
+    CcvReminderData copy{CString()};
+    copy.SetSubject(reminder.GetSubject());
+    copy.SetDocumentTitle(reminder.GetDocumentTitle());
+    copy.SetInitialDueDate(reminder.GetInitialDueDate());
+    copy.SetNextDueDate(reminder.GetNextDueDate());
+    copy.SetReminderTimeSpan(reminder.GetReminderTimeSpan());
+    if (reminder.IsSnoozed())
+    {
+        copy.SetSnoozeTime(reminder.GetSnoozeTime() - CTime::GetCurrentTime());
+    }
+    copy.SetRecurrenceType(reminder.GetRecurrenceType());
+    // These six are all the slots, whatever the pattern is.
+    copy.SetMonthlyOccurenceType(reminder.GetMonthlyOccurrenceType());
+    copy.SetMonthlyRecurrentDayOfMonth(reminder.GetMonthlyRecurrentDayOfMonth());
+    copy.SetMonthlyReminderPattern1Month(reminder.GetMonthlyReminderPattern1Month());
+    copy.SetMonthlyReminderDayIntegralType(reminder.GetMonthlyReminderDayIntegralType());
+    copy.SetMonthlyReminderDayType(reminder.GetMonthlyReminderDayType());
+    copy.SetMonthlyReminderPattern2Month(reminder.GetMonthlyReminderPattern2Month());
+    return copy;
+}
+
 /// A reminder whose due time raises COleException at `now`: the pattern asks for a tenth last day.
 inline CcvReminderData Damaged(CTime now)
 {
