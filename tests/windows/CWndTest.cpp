@@ -1,7 +1,10 @@
 #include "platform/mfc/afxwin.h"
+#include "tests/support/HandleCount.h"
+#include "tests/support/HeapKind.h"
 #include "tests/support/WindowDriver.h"
 
 #include <bit>
+#include <commctrl.h>
 #include <gtest/gtest.h>
 #include <optional>
 #include <stdexcept>
@@ -457,4 +460,31 @@ TEST(CWndTest, Font_SetIsTheFontGot)
     ASSERT_NE(FALSE, font.CreateFontIndirect(&description));
     window.SetFont(&font);
     EXPECT_EQ(font.GetHandle(), window.GetFont());
+}
+
+TEST(CWndTest, TenThousandRounds_LeaveNothingBehind)
+{
+    const auto round = []
+    {
+        Recorder window;
+        ASSERT_NE(FALSE, window.Open());
+        const HWND edit =
+            CreateWindowExW(0, L"EDIT", L"", WS_CHILD, 0, 0, 9, 9, window.m_hWnd, nullptr, nullptr, nullptr);
+        CWnd subclassed;
+        ASSERT_NE(FALSE, subclassed.SubclassWindow(edit));
+    };
+    for (int warmUp = 0; warmUp < 20; ++warmUp)
+    {
+        round();
+    }
+    const std::size_t windows = WindowCount();
+    const std::size_t objects = GdiObjectCount();
+    const std::size_t handles = HandleCount();
+    for (int count = Rounds(10'000); count > 0; --count)
+    {
+        round();
+    }
+    EXPECT_EQ(windows, WindowCount());
+    EXPECT_EQ(objects, GdiObjectCount());
+    EXPECT_EQ(handles, HandleCount());
 }
