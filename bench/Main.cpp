@@ -45,6 +45,7 @@ int Run(const Options& options)
     ts::bench::MeasureSteps(harness);
     ts::bench::MeasureCatchUp(harness);
     ts::bench::MeasureStore(harness);
+    ts::bench::MeasureList(harness);
     if (harness.Results().empty())
     {
         std::cerr << "bench_reminders: nothing has \"" << options.settings.filter << "\" in its name\n";

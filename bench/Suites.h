@@ -11,5 +11,7 @@ void MeasureSteps(Harness& harness);
 void MeasureCatchUp(Harness& harness);
 /// Loading and saving 1,000 reminders, in a registry key of this process.
 void MeasureStore(Harness& harness);
+/// The reminder list with 10,000 rows.
+void MeasureList(Harness& harness);
 
 } // namespace ts::bench

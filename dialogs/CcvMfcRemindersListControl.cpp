@@ -34,6 +34,20 @@ class DrawingLock
     ~DrawingLock() { CWnd::UnlockWindowUpdate(); }
 };
 
+/// A window neither draws nor moves its scroll bars while it lives; a list view does the latter for each row
+/// that is added, which costs more than all else.
+class RedrawPause
+{
+  public:
+    explicit RedrawPause(CWnd& window) noexcept : m_window(window) { m_window.SetRedraw(FALSE); }
+    RedrawPause(const RedrawPause&) = delete;
+    RedrawPause& operator=(const RedrawPause&) = delete;
+    ~RedrawPause() { m_window.SetRedraw(TRUE); }
+
+  private:
+    CWnd& m_window;
+};
+
 /// Stops the minute timer while it lives, so that the minute begins when the work of the last one is done.
 class TimerPause
 {
@@ -190,11 +204,8 @@ void CcvMfcRemindersListControl::Refresh()
     const Row* const former = FindRow(formerRow);
     const CString formerGuid = former == nullptr ? CString() : former->guid;
 
-    m_rows.clear();
-    DeleteAllItems();
     const CTime now = CTime::GetCurrentTime();
     FillRows(now);
-    SortRows();
     const int row = FindRowToSelect(formerRow, formerGuid);
     if (row >= 0)
     {
@@ -207,6 +218,9 @@ void CcvMfcRemindersListControl::Refresh()
 
 void CcvMfcRemindersListControl::FillRows(CTime now)
 {
+    const RedrawPause pause(*this);
+    m_rows.clear();
+    DeleteAllItems();
     for (int index = 0; index < m_manager->GetRemindersCount(); ++index)
     {
         CcvReminderData* const reminder = m_manager->GetReminderByIndex(index);
@@ -215,6 +229,7 @@ void CcvMfcRemindersListControl::FillRows(CTime now)
             InsertReminder(index, reminder, now);
         }
     }
+    SortRows();
 }
 
 int CcvMfcRemindersListControl::InsertReminder(int collectionIndex, CcvReminderData* reminder,

@@ -3,6 +3,7 @@
 #include "platform/WindowsHeaders.h"
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
 #include <string>
 
@@ -35,6 +36,8 @@ class RowComparer
           m_byDocument(m_bySubject || column == ReminderColumn::Document),
           m_byDue(m_byDocument || column == ReminderColumn::DueIn), m_ascending(ascending)
     {
+        m_lowerSubjects.reserve(rows.size());
+        m_lowerTitles.reserve(rows.size());
         for (const ReminderSortKey& row : rows)
         {
             m_lowerSubjects.push_back(m_bySubject ? Lower(row.subject) : std::wstring());
@@ -98,7 +101,9 @@ std::vector<int> SortedPlaces(const std::vector<ReminderSortKey>& rows, Reminder
 {
     std::vector<int> order(rows.size());
     std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(), RowComparer(rows, column, ascending));
+    const RowComparer comparer(rows, column, ascending);
+    // By reference: the algorithm passes its comparison on by value, all texts with it.
+    std::stable_sort(order.begin(), order.end(), std::cref(comparer));
     std::vector<int> places(rows.size());
     for (std::size_t place = 0; place < order.size(); ++place)
     {

@@ -64,18 +64,19 @@ class ListLifetimeTest : public ListTest
 TEST_F(ListLifetimeTest, ManyRounds_LeaveNothingBehind)
 {
     AddTwo();
-    // The first windows, and the first counting, take what is kept for the later ones.
-    constexpr int kWarmUp = 5;
-    for (int round = 0; round < kWarmUp; ++round)
+    const auto goRound = [this](int rounds)
     {
-        OneRound();
-    }
+        for (int round = 0; round < rounds; ++round)
+        {
+            ASSERT_NO_FATAL_FAILURE(OneRound());
+        }
+    };
+    // The first rounds, and the first counting, take what is kept for the later ones.
+    constexpr int kWarmUp = 5;
+    ASSERT_NO_FATAL_FAILURE(goRound(kWarmUp));
     static_cast<void>(CountAll());
     const Counts before = CountAll();
-    for (int round = 0; round < Rounds(RoundsFromEnvironment()); ++round)
-    {
-        ASSERT_NO_FATAL_FAILURE(OneRound());
-    }
+    ASSERT_NO_FATAL_FAILURE(goRound(Rounds(RoundsFromEnvironment())));
     EXPECT_EQ(before, CountAll());
 }
 
