@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <limits>
 
 namespace
 {
@@ -240,7 +241,8 @@ int CcvMfcRemindersListControl::InsertReminder(int collectionIndex, CcvReminderD
     wchar_t noText[] = L"";
     LVITEMW item{};
     item.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
-    item.iItem = GetItemCount();
+    // At the end.
+    item.iItem = std::numeric_limits<int>::max();
     item.pszText = noText;
     item.iImage = data.isRecurrent ? 0 : kNoImage;
     item.lParam = collectionIndex;

@@ -28,6 +28,8 @@ class CcvMfcRemindersListControl : public CListCtrl
   public:
     /// `manager` stays the caller's.
     explicit CcvMfcRemindersListControl(CcvReminderDataCollectionManager* manager);
+    CcvMfcRemindersListControl(const CcvMfcRemindersListControl&) = delete;
+    CcvMfcRemindersListControl& operator=(const CcvMfcRemindersListControl&) = delete;
     ~CcvMfcRemindersListControl() override;
 
     /// Takes effect with the next refresh.
