@@ -1,6 +1,6 @@
 # Warnings and flags of all code of this project.
 
-set(TS_SYSTEM_LIBRARIES advapi32 comctl32 gdi32 ole32 oleaut32 user32 uuid winmm)
+set(TS_SYSTEM_LIBRARIES advapi32 comctl32 gdi32 ole32 oleaut32 user32 uuid)
 
 add_library(ts_warnings INTERFACE)
 target_compile_options(ts_warnings INTERFACE

@@ -11,8 +11,6 @@ CcvMfcDialogBaseInternal::CcvMfcDialogBaseInternal(UINT nIDTemplate, CWnd* pPare
 {
 }
 
-CcvMfcDialogBaseInternal::~CcvMfcDialogBaseInternal() = default;
-
 BOOL CcvMfcDialogBaseInternal::Create(UINT nIDTemplate, CWnd* pParentWnd)
 {
     return CcvMfcEnhancedDialog::Create(nIDTemplate, pParentWnd);

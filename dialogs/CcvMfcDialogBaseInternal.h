@@ -10,7 +10,6 @@ class TS_API CcvMfcDialogBaseInternal : public CcvMfcEnhancedDialog
   public:
     /// `nIDTemplate` is the number of the template; `pParentWnd` may be null.
     CcvMfcDialogBaseInternal(UINT nIDTemplate, CWnd* pParentWnd);
-    ~CcvMfcDialogBaseInternal() override;
 
     using CcvMfcEnhancedDialog::Create;
     /// Loads the template from the current resource module; callers open a resource scope.

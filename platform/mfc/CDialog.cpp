@@ -101,14 +101,6 @@ CDialog::CDialog(UINT templateId, CWnd* parent) noexcept
 {
 }
 
-CDialog::~CDialog()
-{
-    if (m_hWnd != nullptr)
-    {
-        CWnd::DestroyWindow();
-    }
-}
-
 BOOL CDialog::Create(UINT templateId, CWnd* parent)
 {
     return Create(MAKEINTRESOURCEW(templateId), parent);

@@ -12,7 +12,6 @@ class TS_API CDialog : public CWnd
     /// The template is looked for when the dialog is shown modally, in the resource module. `parent` may be
     /// null: then a modal dialog belongs to the thread's active window.
     explicit CDialog(UINT templateId, CWnd* parent = nullptr) noexcept;
-    ~CDialog() override;
 
     using CWnd::Create;
     // Shows the dialog modeless: whoever runs the thread's message loop passes its messages through

@@ -236,7 +236,7 @@ void CWnd::GetDlgItemText(int id, CString& text) const
 
 HFONT CWnd::GetFont() const
 {
-    const auto font = std::bit_cast<HFONT>(SendMessage(WM_GETFONT));
+    auto* const font = std::bit_cast<HFONT>(SendMessage(WM_GETFONT));
     return font != nullptr ? font : static_cast<HFONT>(GetStockObject(SYSTEM_FONT));
 }
 

@@ -21,7 +21,7 @@ ts::CreationHook::~CreationHook()
 LRESULT CALLBACK ts::CreationHook::OnEvent(int code, WPARAM wParam, LPARAM lParam) noexcept
 {
     WindowMaps* const maps = WindowMaps::TryOfThisThread();
-    const auto window = std::bit_cast<HWND>(wParam);
+    auto* const window = std::bit_cast<HWND>(wParam);
     // An input method may create a window of its own before ours.
     if (code == HCBT_CREATEWND && maps != nullptr && maps->m_awaiting != nullptr &&
         (GetClassLongPtrW(window, GCL_STYLE) & CS_IME) == 0)

@@ -153,7 +153,7 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
 {
     const UINT id = LOWORD(wParam);
     UINT code = HIWORD(wParam);
-    const auto control = std::bit_cast<HWND>(lParam);
+    auto* const control = std::bit_cast<HWND>(lParam);
     if (control == nullptr)
     {
         // A menu may have been opened before the command became disabled.
@@ -209,6 +209,7 @@ BOOL CWnd::ReflectMessage(HWND child, UINT message, WPARAM wParam, LPARAM lParam
 
 BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
 {
+    const auto* const notification = std::bit_cast<const NMHDR*>(lParam);
     AFX_CALL call;
     call.wParam = wParam;
     call.lParam = lParam;
@@ -219,7 +220,7 @@ BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         code = HIWORD(wParam);
         break;
     case WM_NOTIFY:
-        code = std::bit_cast<const NMHDR*>(lParam)->code;
+        code = notification->code;
         break;
     default:
         return FALSE;

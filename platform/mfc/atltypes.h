@@ -19,7 +19,11 @@ class CPoint : public POINT
 {
   public:
     constexpr CPoint() noexcept : POINT{} {}
-    constexpr CPoint(int across, int down) noexcept : POINT{across, down} {}
+    constexpr CPoint(int across, int down) noexcept : POINT{}
+    {
+        x = across;
+        y = down;
+    }
     constexpr CPoint(const POINT& point) noexcept : POINT(point) {}
     /// From the lParam of a mouse message.
     constexpr explicit CPoint(LPARAM packed) noexcept

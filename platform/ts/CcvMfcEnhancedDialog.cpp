@@ -11,8 +11,6 @@ CcvMfcEnhancedDialog::CcvMfcEnhancedDialog(UINT nIDTemplate, CWnd* pParentWnd)
 {
 }
 
-CcvMfcEnhancedDialog::~CcvMfcEnhancedDialog() = default;
-
 BOOL CcvMfcEnhancedDialog::Create(UINT nIDTemplate, CWnd* pParentWnd)
 {
     return CBCGPDialog::Create(nIDTemplate, pParentWnd);

@@ -38,7 +38,6 @@ class TS_API CcvMfcEnhancedDialog : public CBCGPDialog, public CcvMfcEnhancedDia
 
   public:
     CcvMfcEnhancedDialog(UINT nIDTemplate, CWnd* pParentWnd);
-    ~CcvMfcEnhancedDialog() override;
 
     using CBCGPDialog::Create;
     BOOL Create(UINT nIDTemplate, CWnd* pParentWnd) override;

@@ -69,7 +69,7 @@ UINT CcvSplitMenuButton::Choose() const
     TPMPARAMS around{};
     around.cbSize = sizeof around;
     GetWindowRect(&around.rcExclude);
-    constexpr UINT kFlags = TPM_RETURNCMD | TPM_NONOTIFY | TPM_LEFTALIGN | TPM_TOPALIGN | TPM_VERTICAL;
+    constexpr UINT kFlags = TPM_RETURNCMD | TPM_NONOTIFY | TPM_VERTICAL;
     const BOOL chosen = TrackPopupMenuEx(menu.GetSafeHmenu(), kFlags, around.rcExclude.left,
                                          around.rcExclude.bottom, m_hWnd, &around);
     return static_cast<UINT>(chosen);

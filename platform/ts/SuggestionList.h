@@ -34,9 +34,9 @@ class SuggestionList final : public IEnumString
     STDMETHODIMP Reset() noexcept override;
     STDMETHODIMP Clone(IEnumString** copy) noexcept override;
 
-  private:
     virtual ~SuggestionList() = default;
 
+  private:
     std::atomic<ULONG> m_references{1};
     Texts m_texts;
     std::size_t m_next = 0;

@@ -390,7 +390,7 @@ TEST(CDialogTest, ManyRounds_LeaveNothingBehind)
     const std::size_t windows = WindowCount();
     const std::size_t objects = GdiObjectCount();
     const std::size_t handles = HandleCount();
-    for (int count = Rounds(500); count > 0; --count)
+    for (int count = Rounds(1000); count > 0; --count)
     {
         round();
     }

@@ -217,7 +217,7 @@ TEST(MakersControlsTest, ManyRounds_LeaveNothingBehind)
     const std::size_t windows = WindowCount();
     const std::size_t objects = GdiObjectCount();
     const std::size_t handles = HandleCount();
-    for (int count = Rounds(500); count > 0; --count)
+    for (int count = Rounds(5000); count > 0; --count)
     {
         round();
     }
@@ -243,6 +243,7 @@ TEST(SoundUtilitiesTest, NoSuchSound_IsQuietAndSaysSo)
 {
     EXPECT_EQ(FALSE, CcvSoundUtilities::PlaySoundHelper(L"C:\\no such sound.wav", nullptr,
                                                         SND_FILENAME | SND_NODEFAULT));
+    EXPECT_NE(nullptr, GetModuleHandleW(L"winmm.dll")) << "the system was asked";
 }
 
 TEST(TimedWaiterTest, Done_EndsTheWaitAtOnce)
