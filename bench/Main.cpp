@@ -49,6 +49,7 @@ int Run(const Options& options)
 #ifdef TS_WITH_OUTLOOK_STANDIN
     ts::bench::MeasureOutlook(harness);
 #endif
+    ts::bench::MeasureList(harness);
     if (harness.Results().empty())
     {
         std::cerr << "bench_reminders: nothing has \"" << options.settings.filter << "\" in its name\n";

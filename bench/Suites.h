@@ -15,5 +15,7 @@ void MeasureStore(Harness& harness);
 void MeasureCollection(Harness& harness);
 /// Making an appointment; only where the stand-in for Outlook is built (TS_WITH_OUTLOOK_STANDIN).
 void MeasureOutlook(Harness& harness);
+/// The reminder list with 10,000 rows.
+void MeasureList(Harness& harness);
 
 } // namespace ts::bench
