@@ -149,7 +149,8 @@ class BareList
   private:
     static int CALLBACK CompareData(LPARAM left, LPARAM right, LPARAM) noexcept
     {
-        return static_cast<int>(left * 7919 % kRows) - static_cast<int>(right * 7919 % kRows);
+        constexpr LPARAM kCount = kRows;
+        return static_cast<int>(left * 7919 % kCount - right * 7919 % kCount);
     }
 
     void SetTexts(std::size_t index)

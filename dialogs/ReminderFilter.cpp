@@ -6,7 +6,7 @@
 namespace
 {
 
-constexpr CTimeSpan kRecent = 31 * 86'400;
+constexpr CTimeSpan kRecent = 2'678'400; // 31 days
 
 /// Whether the record holds nothing but its registry key.
 bool IsBlank(const CcvReminderData& reminder)

@@ -40,7 +40,7 @@ UINT AlignmentOf(int format)
 /// Whether a reminder of that status is shown bold: its reminder time has come, its due time has not.
 bool IsActive(std::optional<CcvReminderData::ReminderStatus> status)
 {
-    return status == CcvReminderData::RemindActive || status == CcvReminderData::DueTodayActive;
+    return status && (*status == CcvReminderData::RemindActive || *status == CcvReminderData::DueTodayActive);
 }
 
 } // namespace
