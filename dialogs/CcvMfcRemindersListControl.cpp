@@ -83,6 +83,7 @@ ON_WM_KEYDOWN()
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONDBLCLK()
 ON_MESSAGE(WM_RBUTTONDOWN, OnRButtonDown)
+ON_WM_SYSCOLORCHANGE()
 END_MESSAGE_MAP()
 
 CcvMfcRemindersListControl::CcvMfcRemindersListControl(CcvReminderDataCollectionManager* manager)
@@ -106,6 +107,7 @@ void CcvMfcRemindersListControl::InitializeColumns(unsigned columnMask)
     InsertColumns(columnMask);
     InitializeImages();
     InitializeHeader();
+    UseWindowColour();
     SetTimer(kMinuteTimer, kMinuteMilliseconds);
 }
 
@@ -174,6 +176,19 @@ void CcvMfcRemindersListControl::InitializeHeader()
         const ts::ResourceScope scope;
         m_header.SetItemBitmap(0, IDB_RECURRENCE);
     }
+}
+
+void CcvMfcRemindersListControl::OnSysColorChange()
+{
+    CListCtrl::OnSysColorChange();
+    UseWindowColour();
+}
+
+void CcvMfcRemindersListControl::UseWindowColour()
+{
+    // Below the rows the list view would keep the colour that was there when its library was loaded.
+    SendMessage(LVM_SETBKCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOW)));
+    Invalidate();
 }
 
 bool CcvMfcRemindersListControl::IsColumn(int column, ReminderColumn kind) const

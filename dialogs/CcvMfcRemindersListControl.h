@@ -75,6 +75,7 @@ class CcvMfcRemindersListControl : public CListCtrl
     void OnLButtonDown(UINT flags, CPoint point);
     void OnLButtonDblClk(UINT flags, CPoint point);
     LRESULT OnRButtonDown(WPARAM wParam, LPARAM lParam);
+    void OnSysColorChange();
 
     DECLARE_MESSAGE_MAP()
 
@@ -109,6 +110,7 @@ class CcvMfcRemindersListControl : public CListCtrl
     void AddColumn(ReminderColumn kind, const CString& heading, int width);
     void InitializeImages();
     void InitializeHeader();
+    void UseWindowColour();
 
     void FillRows(CTime now);
     [[nodiscard]] int FindRowToSelect(int formerRow, const CString& formerGuid) const;

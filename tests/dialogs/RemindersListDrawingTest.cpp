@@ -368,6 +368,20 @@ TEST_F(ListDrawingTest, Window_ShowsWhatIsDrawn)
     EXPECT_EQ(drawn, picture.Cut(bounds));
 }
 
+TEST_F(ListDrawingTest, NewSystemColours_AreUsedBelowTheRowsToo)
+{
+    Show();
+    const INT element = COLOR_WINDOW;
+    const COLORREF former = GetSysColor(COLOR_WINDOW);
+    const COLORREF changed = RGB(10, 20, 30);
+    SetSysColors(1, &element, &changed);
+    List().SendMessage(WM_SYSCOLORCHANGE);
+    EXPECT_EQ(changed, static_cast<COLORREF>(List().SendMessage(LVM_GETBKCOLOR)));
+    SetSysColors(1, &element, &former);
+    List().SendMessage(WM_SYSCOLORCHANGE);
+    EXPECT_EQ(former, static_cast<COLORREF>(List().SendMessage(LVM_GETBKCOLOR)));
+}
+
 // --- The header ---
 
 TEST_F(ListDrawingTest, Header_DrawsFrameImageAndText)

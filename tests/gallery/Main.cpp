@@ -68,13 +68,6 @@ void Settle()
     }
 }
 
-BOOL CALLBACK TellOfColours(HWND window, LPARAM)
-{
-    SendMessageW(window, WM_SYSCOLORCHANGE, 0, 0);
-    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE);
-    return TRUE;
-}
-
 int Show(const Options& options)
 {
     for (const ExhibitEntry& entry : AllExhibits())
@@ -92,11 +85,6 @@ int Show(const Options& options)
         StopClock();
         FillStore(options.language);
         const std::unique_ptr<Exhibit> exhibit = entry.make(options.extent);
-        if (options.highContrast)
-        {
-            // The controls remember the colours that were there when their library was loaded.
-            EnumChildWindows(exhibit->GetWindow(), TellOfColours, 0);
-        }
         Settle();
         SavePicture(exhibit->GetWindow(), std::wstring(options.file.begin(), options.file.end()));
         return EXIT_SUCCESS;
