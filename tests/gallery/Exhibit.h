@@ -42,6 +42,8 @@ struct ExhibitEntry
 
 // The makers, by file.
 
+/// The time picker and the picture control.
+[[nodiscard]] std::unique_ptr<Exhibit> MakeControlsExhibit(Extent extent);
 /// The list of recent reminders, with or without the focus.
 [[nodiscard]] std::unique_ptr<Exhibit> MakeListExhibit(Extent extent, bool focused);
 /// The list of due reminders with its columns in another order.

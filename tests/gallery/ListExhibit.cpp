@@ -1,16 +1,15 @@
 #include "collection/CcvReminderDataCollectionManager.h"
 #include "dialogs/CcvMfcRemindersListControl.h"
 #include "tests/gallery/Exhibit.h"
+#include "tests/gallery/Frame.h"
 
 #include <bit>
-#include <stdexcept>
 
 namespace ts::gallery
 {
 namespace
 {
 
-constexpr wchar_t kFrameClass[] = L"GalleryFrame";
 constexpr UINT kListId = 1030;
 constexpr unsigned kAllColumns = 15;
 
@@ -18,21 +17,8 @@ constexpr unsigned kAllColumns = 15;
 class ListExhibit : public Exhibit
 {
   public:
-    explicit ListExhibit(Extent extent) : m_list(&m_manager)
+    explicit ListExhibit(Extent extent) : m_frame(L"Reminders", extent, CSize(520, 240)), m_list(&m_manager)
     {
-        WNDCLASSW frameClass{};
-        frameClass.lpszClassName = kFrameClass;
-        frameClass.lpfnWndProc = ::DefWindowProcW;
-        frameClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-        frameClass.hInstance = GetModuleHandleW(nullptr);
-        RegisterClassW(&frameClass);
-        const CRect frame(CPoint(40, 40), CSize(extent.width > 0 ? extent.width : 520,
-                                                extent.height > 0 ? extent.height : 240));
-        if (m_frame.CreateEx(0, kFrameClass, L"Reminders", WS_OVERLAPPEDWINDOW | WS_VISIBLE, frame, nullptr,
-                             0) == FALSE)
-        {
-            throw std::runtime_error("no window");
-        }
         CreateList();
     }
     ~ListExhibit() override { m_frame.DestroyWindow(); }
@@ -53,19 +39,14 @@ class ListExhibit : public Exhibit
         const HWND window = CreateWindowExW(
             WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"", kStyle, area.left, area.top, area.Width(), area.Height(),
             m_frame.m_hWnd, std::bit_cast<HMENU>(UINT_PTR{kListId}), GetModuleHandleW(nullptr), nullptr);
-        NONCLIENTMETRICSW metrics{};
-        metrics.cbSize = sizeof metrics;
-        SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-        m_font.CreateFontIndirect(&metrics.lfMessageFont);
-        SendMessageW(window, WM_SETFONT, std::bit_cast<WPARAM>(m_font.GetHandle()), FALSE);
+        SendMessageW(window, WM_SETFONT, std::bit_cast<WPARAM>(m_frame.Font().GetHandle()), FALSE);
         m_list.SubclassWindow(window);
         m_list.InitializeColumns(kAllColumns);
         m_list.Refresh();
     }
 
+    Frame m_frame;
     CcvReminderDataCollectionManager m_manager{false};
-    CFont m_font;
-    CWnd m_frame;
     CcvMfcRemindersListControl m_list;
 };
 

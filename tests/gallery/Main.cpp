@@ -19,6 +19,7 @@ namespace ts::gallery
 const std::vector<ExhibitEntry>& AllExhibits()
 {
     static const std::vector<ExhibitEntry> exhibits = {
+        {"controls", MakeControlsExhibit},
         {"list", [](Extent extent) { return MakeListExhibit(extent, true); }},
         {"list-unfocused", [](Extent extent) { return MakeListExhibit(extent, false); }},
         {"list-due-reordered", MakeReorderedListExhibit},

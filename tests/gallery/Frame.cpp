@@ -1,0 +1,24 @@
+#include "tests/gallery/Frame.h"
+
+#include <stdexcept>
+
+ts::gallery::Frame::Frame(const wchar_t* title, Extent extent, CSize usual)
+{
+    constexpr wchar_t kFrameClass[] = L"GalleryFrame";
+    WNDCLASSW frameClass{};
+    frameClass.lpszClassName = kFrameClass;
+    frameClass.lpfnWndProc = ::DefWindowProcW;
+    frameClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    frameClass.hInstance = GetModuleHandleW(nullptr);
+    RegisterClassW(&frameClass);
+    const CRect area(CPoint(40, 40), CSize(extent.width > 0 ? extent.width : usual.cx,
+                                           extent.height > 0 ? extent.height : usual.cy));
+    if (CreateEx(0, kFrameClass, title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, area, nullptr, 0) == FALSE)
+    {
+        throw std::runtime_error("no window");
+    }
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    m_font.CreateFontIndirect(&metrics.lfMessageFont);
+}
