@@ -21,3 +21,7 @@
 // Below the section, or in its place.
 #define IDC_ADD_BUTTONS_LINE 9001
 #define IDC_ADD_TOGGLE_RECURRENCE 1064 // button
+
+#ifndef IDC_STATIC
+#define IDC_STATIC (-1)
+#endif
