@@ -40,3 +40,7 @@
 #define IDC_DELETE_ICON 1053
 #define IDC_DELETE_INSTANCE 1054 // first of two radio buttons
 #define IDC_DELETE_SERIES 1055
+
+#ifndef IDC_STATIC
+#define IDC_STATIC (-1) // a control that nobody asks for
+#endif
