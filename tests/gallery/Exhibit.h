@@ -47,4 +47,12 @@ struct ExhibitEntry
 /// The list of due reminders with its columns in another order.
 [[nodiscard]] std::unique_ptr<Exhibit> MakeReorderedListExhibit(Extent extent);
 
+/// The recurrence panes, each in a window of its own size.
+[[nodiscard]] std::unique_ptr<Exhibit> MakeDailyExhibit(Extent extent);
+[[nodiscard]] std::unique_ptr<Exhibit> MakeWeeklyExhibit(Extent extent);
+[[nodiscard]] std::unique_ptr<Exhibit> MakeMonthlyExhibit(Extent extent);
+[[nodiscard]] std::unique_ptr<Exhibit> MakeYearlyExhibit(Extent extent);
+/// The question before a recurring reminder is deleted.
+[[nodiscard]] std::unique_ptr<Exhibit> MakeDeleteExhibit(Extent extent);
+
 } // namespace ts::gallery
