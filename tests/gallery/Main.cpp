@@ -28,6 +28,11 @@ const std::vector<ExhibitEntry>& AllExhibits()
         {"list", [](Extent extent) { return MakeListExhibit(extent, true); }},
         {"list-unfocused", [](Extent extent) { return MakeListExhibit(extent, false); }},
         {"list-due-reordered", MakeReorderedListExhibit},
+        {"pane-daily", MakeDailyExhibit},
+        {"pane-weekly", MakeWeeklyExhibit},
+        {"pane-monthly", MakeMonthlyExhibit},
+        {"pane-yearly", MakeYearlyExhibit},
+        {"delete-recurrence", MakeDeleteExhibit},
     };
     return exhibits;
 }
