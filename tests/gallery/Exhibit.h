@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/WindowsHeaders.h"
+#include "reminders/CcvReminderData.h"
 
 #include <functional>
 #include <memory>
@@ -48,5 +49,15 @@ struct ExhibitEntry
 [[nodiscard]] std::unique_ptr<Exhibit> MakeListExhibit(Extent extent, bool focused);
 /// The list of due reminders with its columns in another order.
 [[nodiscard]] std::unique_ptr<Exhibit> MakeReorderedListExhibit(Extent extent);
+
+/// The add-reminder dialog, editing a reminder of that type.
+[[nodiscard]] std::unique_ptr<Exhibit> MakeAddReminderExhibit(EcvReminderRecurrenceType type);
+/// The recurrence panes, each in a window of its own size.
+[[nodiscard]] std::unique_ptr<Exhibit> MakeDailyExhibit(Extent extent);
+[[nodiscard]] std::unique_ptr<Exhibit> MakeWeeklyExhibit(Extent extent);
+[[nodiscard]] std::unique_ptr<Exhibit> MakeMonthlyExhibit(Extent extent);
+[[nodiscard]] std::unique_ptr<Exhibit> MakeYearlyExhibit(Extent extent);
+/// The question before a recurring reminder is deleted.
+[[nodiscard]] std::unique_ptr<Exhibit> MakeDeleteExhibit(Extent extent);
 
 } // namespace ts::gallery
