@@ -12,13 +12,13 @@ constexpr int kSection[] = {IDC_ADD_SECTION_LINE, IDC_ADD_DAILY,  IDC_ADD_WEEKLY
                             IDC_ADD_MONTHLY,      IDC_ADD_YEARLY, IDC_ADD_PANE_LINE};
 constexpr int kButtons[] = {IDC_ADD_TOGGLE_RECURRENCE, IDOK, IDCANCEL};
 
-/// The margin of dialogs, in pixels; x across, y down.
-CSize Margin(const CDialog& dialog)
+/// The margin of dialogs, in pixels: `right` across and `bottom` down.
+CRect Margin(const CDialog& dialog)
 {
     constexpr int kDialogUnits = 7;
     CRect margin(0, 0, kDialogUnits, kDialogUnits);
     dialog.MapDialogRect(margin);
-    return margin.Size();
+    return margin;
 }
 
 /// A control's place in the dialog's client area.
@@ -112,14 +112,14 @@ int EndOfFields(const CDialog& dialog, std::span<const HWND> panes, bool section
 void ts::PlacePane(const CDialog& dialog, const CWnd& pane)
 {
     const CRect line = PlaceOf(dialog, IDC_ADD_PANE_LINE);
-    SetWindowPos(pane.m_hWnd, Item(dialog, IDC_ADD_PANE_LINE), line.right + Margin(dialog).cx, line.top, 0, 0,
-                 SWP_NOSIZE | SWP_NOACTIVATE);
+    SetWindowPos(pane.m_hWnd, Item(dialog, IDC_ADD_PANE_LINE), line.right + Margin(dialog).right, line.top, 0,
+                 0, SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 void ts::LayOutAddReminder(CDialog& dialog, std::span<const HWND> panes, HWND shownPane)
 {
     const bool sectionShown = shownPane != nullptr;
-    const int margin = Margin(dialog).cy;
+    const int margin = Margin(dialog).bottom;
     const int line = EndOfFields(dialog, panes, sectionShown) + margin;
     const int buttons = line + PlaceOf(dialog, IDC_ADD_BUTTONS_LINE).Height() + margin;
     {

@@ -18,6 +18,7 @@ class TS_API CcvMfcAddReminderDialog : public CcvMfcDialogBase
     CcvMfcAddReminderDialog(CcvMfcAddReminderDialog&& other) noexcept;
     CcvMfcAddReminderDialog(const CcvMfcAddReminderDialog&) = delete;
     CcvMfcAddReminderDialog& operator=(const CcvMfcAddReminderDialog&) = delete;
+    CcvMfcAddReminderDialog& operator=(CcvMfcAddReminderDialog&&) = delete;
     /// Destroys the internal dialog with its record.
     ~CcvMfcAddReminderDialog() override;
 

@@ -40,7 +40,7 @@ CTime SuggestedDueTime()
     }
     catch (const COleException&)
     {
-        constexpr std::int64_t kQuarter = 15 * 60;
+        constexpr std::int64_t kQuarter = 900;
         const std::int64_t later = CTime::GetCurrentTime().GetTime() + kQuarter;
         return later - later % kQuarter;
     }

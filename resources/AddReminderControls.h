@@ -1,7 +1,7 @@
 #pragma once
 
-// Numbers of the add-reminder dialog and of its controls. They are macros because the resource compiler reads them
-// too.
+// Numbers of the add-reminder dialog and of its controls. They are macros because the resource compiler reads
+// them too.
 
 #define IDD_ADD_REMINDER 4296
 

@@ -125,7 +125,7 @@ CTime NewDueTime(const ReminderArguments& arguments)
     {
         return ParseTime(*arguments.due, "--due");
     }
-    constexpr std::int64_t kQuarter = 15 * 60;
+    constexpr std::int64_t kQuarter = 900;
     const std::int64_t now = CTime::GetCurrentTime().GetTime();
     return now + (kQuarter - now % kQuarter) % kQuarter;
 }

@@ -12,6 +12,9 @@ class WindowMaps;
 class CreationHook;
 } // namespace ts
 
+/// The procedure of every window that an object is attached to.
+TS_API LRESULT CALLBACK AfxWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+
 /// A window, or rather the object that stands for one. An object that created its window or was attached to
 /// it receives the window's messages; it is known to the window's own thread only. The window may go before
 /// the object does, m_hWnd is null then; an object that goes first destroys its window.
@@ -194,9 +197,6 @@ class TS_API CWnd : public CCmdTarget
     bool m_borrowed = false;
     bool m_exchangesData = false;
 };
-
-/// The procedure of every window that an object is attached to.
-TS_API LRESULT CALLBACK AfxWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
 /// Shows a message over the thread's active window, with that window's title. The button that ended it.
 TS_API int AfxMessageBox(const wchar_t* text, UINT type = MB_OK);
