@@ -13,7 +13,7 @@ class CreationHook;
 } // namespace ts
 
 /// The procedure of every window that an object is attached to.
-TS_API LRESULT CALLBACK AfxWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+LRESULT CALLBACK AfxWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
 /// A window, or rather the object that stands for one. An object that created its window or was attached to
 /// it receives the window's messages; it is known to the window's own thread only. The window may go before
