@@ -1,7 +1,8 @@
 #pragma once
 
 // Numbers of the recurrence panes, of the question before a recurring reminder is deleted, and of their
-// controls. They are macros because the resource compiler reads them too. Each template has numbers of its own.
+// controls. They are macros because the resource compiler reads them too. Each template has numbers of its
+// own.
 
 #define IDD_RECURRENCE_DAILY 108
 #define IDC_DAILY_EVERY_N_DAYS 1041 // first of two radio buttons
