@@ -110,15 +110,14 @@ int ts::SuggestedDayTypeIndex(const CTime& start)
 void ts::ExchangeRadio(CDataExchange* exchange, int id, int& index)
 {
     DDX_Radio(exchange, id, index);
-    const int first = id;
     if (exchange->m_bSaveAndValidate == FALSE)
     {
         int shown = kNothingSelected;
         CDataExchange reading(exchange->m_pDlgWnd, TRUE);
-        DDX_Radio(&reading, first, shown);
+        DDX_Radio(&reading, id, shown);
         if (shown == kNothingSelected)
         {
-            exchange->m_pDlgWnd->CheckDlgButton(first, BST_CHECKED);
+            exchange->m_pDlgWnd->CheckDlgButton(id, BST_CHECKED);
         }
     }
 }
