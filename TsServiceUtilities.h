@@ -4,6 +4,7 @@
 
 #include "collection/CcvReminderDataCollectionManager.h"
 #include "collection/SynchronizationMessage.h"
+#include "dialogs/CcvMfcReminderAlertDialog.h"
 #include "module/CcvReminderOptionUtilities.h"
 #include "module/InterfaceLanguage.h"
 #include "module/RegistryPaths.h"

@@ -44,6 +44,8 @@ struct ExhibitEntry
 
 /// The list of recent reminders, with or without the focus.
 [[nodiscard]] std::unique_ptr<Exhibit> MakeListExhibit(Extent extent, bool focused);
+/// The alert with that row selected, or empty with the row -1.
+[[nodiscard]] std::unique_ptr<Exhibit> MakeAlertExhibit(Extent extent, int row);
 /// The list of due reminders with its columns in another order.
 [[nodiscard]] std::unique_ptr<Exhibit> MakeReorderedListExhibit(Extent extent);
 

@@ -21,6 +21,8 @@ const std::vector<ExhibitEntry>& AllExhibits()
     static const std::vector<ExhibitEntry> exhibits = {
         {"list", [](Extent extent) { return MakeListExhibit(extent, true); }},
         {"list-unfocused", [](Extent extent) { return MakeListExhibit(extent, false); }},
+        {"alert", [](Extent extent) { return MakeAlertExhibit(extent, 1); }},
+        {"alert-empty", [](Extent extent) { return MakeAlertExhibit(extent, -1); }},
         {"list-due-reordered", MakeReorderedListExhibit},
     };
     return exhibits;
