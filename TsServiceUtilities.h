@@ -4,6 +4,12 @@
 
 #include "collection/CcvReminderDataCollectionManager.h"
 #include "collection/SynchronizationMessage.h"
+#include "dialogs/CcvMfcAddReminderDialog.h"
+#include "dialogs/CcvMfcDeleteRecurrenceConfirmationDialog.h"
+#include "dialogs/CcvMfcRecurrenceDailyDialog.h"
+#include "dialogs/CcvMfcRecurrenceMonthlyDialog.h"
+#include "dialogs/CcvMfcRecurrenceWeeklyDialog.h"
+#include "dialogs/CcvMfcRecurrenceYearlyDialog.h"
 #include "dialogs/CcvMfcReminderAlertDialog.h"
 #include "module/CcvReminderOptionUtilities.h"
 #include "module/InterfaceLanguage.h"

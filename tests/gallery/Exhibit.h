@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/WindowsHeaders.h"
+#include "reminders/CcvReminderData.h"
 
 #include <functional>
 #include <memory>
@@ -48,5 +49,8 @@ struct ExhibitEntry
 [[nodiscard]] std::unique_ptr<Exhibit> MakeAlertExhibit(Extent extent, int row);
 /// The list of due reminders with its columns in another order.
 [[nodiscard]] std::unique_ptr<Exhibit> MakeReorderedListExhibit(Extent extent);
+
+/// The add-reminder dialog, editing a reminder of that type.
+[[nodiscard]] std::unique_ptr<Exhibit> MakeAddReminderExhibit(EcvReminderRecurrenceType type);
 
 } // namespace ts::gallery

@@ -18,7 +18,13 @@ namespace ts::gallery
 
 const std::vector<ExhibitEntry>& AllExhibits()
 {
+    using enum EcvReminderRecurrenceType;
     static const std::vector<ExhibitEntry> exhibits = {
+        {"add-reminder", [](Extent) { return MakeAddReminderExhibit(None); }},
+        {"add-reminder-daily", [](Extent) { return MakeAddReminderExhibit(Daily); }},
+        {"add-reminder-weekly", [](Extent) { return MakeAddReminderExhibit(Weekly); }},
+        {"add-reminder-monthly", [](Extent) { return MakeAddReminderExhibit(Monthly); }},
+        {"add-reminder-yearly", [](Extent) { return MakeAddReminderExhibit(Yearly); }},
         {"list", [](Extent extent) { return MakeListExhibit(extent, true); }},
         {"list-unfocused", [](Extent extent) { return MakeListExhibit(extent, false); }},
         {"alert", [](Extent extent) { return MakeAlertExhibit(extent, 1); }},
