@@ -6,6 +6,7 @@
 #include "collection/SynchronizationMessage.h"
 #include "dialogs/CcvMfcAddReminderDialog.h"
 #include "dialogs/CcvMfcDeleteRecurrenceConfirmationDialog.h"
+#include "dialogs/CcvMfcManageRemindersDialog.h"
 #include "dialogs/CcvMfcRecurrenceDailyDialog.h"
 #include "dialogs/CcvMfcRecurrenceMonthlyDialog.h"
 #include "dialogs/CcvMfcRecurrenceWeeklyDialog.h"

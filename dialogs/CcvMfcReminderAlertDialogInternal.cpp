@@ -1,12 +1,10 @@
 #include "dialogs/CcvMfcReminderAlertDialogInternal.h"
 
-#include "collection/CcvReminderDataCollectionManager.h"
 #include "dialogs/CcvMfcRemindersListControl.h"
-#include "dialogs/ReminderTimes.h"
+#include "dialogs/SeenReminder.h"
 #include "module/CcvReminderOptionUtilities.h"
 #include "module/LanguageText.h"
 #include "module/ResourceScope.h"
-#include "platform/mfc/afxdisp.h"
 #include "platform/ts/CcvSoundUtilities.h"
 #include "resources/PictureIds.h"
 #include "resources/RemindersControls.h"
@@ -56,51 +54,6 @@ constexpr std::array<SnoozeTime, 18> kSnoozeTimes = {{
 
 /// With the alert's own order to close, which counts only while the list is empty. No mouse is ever there.
 constexpr LPARAM kListIsEmpty = MAKELPARAM(0x8000, 0x8000);
-
-/// What is left of a reminder when the collection is loaded again.
-struct Identity
-{
-    CString key;
-    CString guid;
-
-    explicit Identity(const CcvReminderData& reminder)
-        : key(reminder.GetReminderKey()), guid(reminder.GetGuid())
-    {
-    }
-
-    [[nodiscard]] CcvReminderData* FindIn(const CcvReminderDataCollectionManager& manager) const
-    {
-        for (int index = 0; index < manager.GetRemindersCount(); ++index)
-        {
-            CcvReminderData* const reminder = manager.GetReminderByIndex(index);
-            if (reminder->GetReminderKey() == key && reminder->GetGuid() == guid)
-            {
-                return reminder;
-            }
-        }
-        return nullptr;
-    }
-};
-
-using Change = bool (CcvReminderDataCollectionManager::*)(CcvReminderData*);
-
-/// Dismisses or ends the reminder, of a recurring one the occurrence that is in force now: a collection that
-/// was just loaded still holds an earlier one. A damaged pattern has no next occurrence; then at least the
-/// snooze ends, without which it is not due.
-void Settle(CcvReminderDataCollectionManager& manager, CcvReminderData& reminder, Change change)
-{
-    static_cast<void>(ts::FindDueTime(reminder, CTime::GetCurrentTime()));
-    try
-    {
-        (manager.*change)(&reminder);
-    }
-    catch (const COleException&)
-    {
-        // Raised before anything was changed or sent.
-        reminder.SetSnoozed(false);
-        manager.ModifyReminder(&reminder, false);
-    }
-}
 
 } // namespace
 
@@ -224,7 +177,7 @@ void CcvMfcReminderAlertDialogInternal::OnEnd()
     CcvReminderData* const reminder = List().GetSelectedReminder();
     if (reminder != nullptr)
     {
-        Settle(Manager(), *reminder, &CcvReminderDataCollectionManager::EndReminder);
+        ts::EndOccurrence(Manager(), *reminder);
     }
 }
 
@@ -293,22 +246,23 @@ void CcvMfcReminderAlertDialogInternal::OnCancel()
 void CcvMfcReminderAlertDialogInternal::DismissListedReminders()
 {
     // Each dismissal may fill the list with other rows, and even end the dialog.
-    std::vector<Identity> listed;
+    const CTime now = CTime::GetCurrentTime();
+    std::vector<ts::SeenReminder> listed;
     for (int row = 0; row < List().GetItemCount(); ++row)
     {
-        const CcvReminderData* const reminder = List().GetReminder(row);
+        CcvReminderData* const reminder = List().GetReminder(row);
         if (reminder != nullptr)
         {
-            listed.emplace_back(*reminder);
+            listed.emplace_back(*reminder, now);
         }
     }
     CcvReminderDataCollectionManager& manager = Manager();
-    for (const Identity& each : listed)
+    for (const ts::SeenReminder& each : listed)
     {
-        CcvReminderData* const reminder = each.FindIn(manager);
+        CcvReminderData* const reminder = each.FindOccurrenceIn(manager, CTime::GetCurrentTime());
         if (reminder != nullptr)
         {
-            Settle(manager, *reminder, &CcvReminderDataCollectionManager::DismissReminder);
+            ts::DismissOccurrence(manager, *reminder);
         }
     }
 }

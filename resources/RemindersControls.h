@@ -21,6 +21,7 @@
 // Of the manage dialog.
 #define IDC_DELETE_REMINDER 1024 // button
 #define IDC_EDIT_REMINDER 1025   // button
+#define IDC_FILTER_LABEL 1031    // text before the radio buttons
 #define IDC_FILTER_RECENT 1027   // radio button
 #define IDC_FILTER_TODAY 1028    // radio button
 

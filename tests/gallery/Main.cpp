@@ -29,6 +29,8 @@ const std::vector<ExhibitEntry>& AllExhibits()
         {"list-unfocused", [](Extent extent) { return MakeListExhibit(extent, false); }},
         {"alert", [](Extent extent) { return MakeAlertExhibit(extent, 1); }},
         {"alert-empty", [](Extent extent) { return MakeAlertExhibit(extent, -1); }},
+        {"manage", [](Extent extent) { return MakeManageExhibit(extent, 3); }},
+        {"manage-empty", [](Extent extent) { return MakeManageExhibit(extent, -1); }},
         {"list-due-reordered", MakeReorderedListExhibit},
     };
     return exhibits;
