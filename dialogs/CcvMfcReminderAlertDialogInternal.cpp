@@ -6,7 +6,6 @@
 #include "module/LanguageText.h"
 #include "module/ResourceScope.h"
 #include "platform/ts/CcvSoundUtilities.h"
-#include "resources/PictureIds.h"
 #include "resources/RemindersControls.h"
 #include "resources/StringIds.h"
 
@@ -84,7 +83,6 @@ BOOL CcvMfcReminderAlertDialogInternal::OnInitDialog()
     const BOOL result = CcvMfcRemindersDialogInternal::OnInitDialog();
     const ts::ResourceScope scope;
     m_isClosing = false;
-    ShowIcons();
     CreateSnoozeButton();
     FollowSize(IDC_END_REMINDER, MoveDown);
     FollowSize(IDCANCEL, MoveRight | MoveDown);
@@ -99,22 +97,6 @@ BOOL CcvMfcReminderAlertDialogInternal::OnInitDialog()
     PostMessage(WM_REMINDER_ALERT_SHOWN);
     UpdateControls();
     return result;
-}
-
-void CcvMfcReminderAlertDialogInternal::ShowIcons()
-{
-    m_bigIcon = LoadReminderIcon(SM_CXICON, SM_CYICON);
-    m_smallIcon = LoadReminderIcon(SM_CXSMICON, SM_CYSMICON);
-    SetIcon(m_bigIcon.get(), TRUE);
-    SetIcon(m_smallIcon.get(), FALSE);
-}
-
-CcvMfcReminderAlertDialogInternal::Icon CcvMfcReminderAlertDialogInternal::LoadReminderIcon(int widthMetric,
-                                                                                            int heightMetric)
-{
-    const HANDLE icon = LoadImageW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDI_REMINDER), IMAGE_ICON,
-                                   GetSystemMetrics(widthMetric), GetSystemMetrics(heightMetric), 0);
-    return Icon(static_cast<HICON>(icon));
 }
 
 void CcvMfcReminderAlertDialogInternal::CreateSnoozeButton()

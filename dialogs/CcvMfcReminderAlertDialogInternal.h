@@ -4,7 +4,6 @@
 #include "platform/ts/CcvSplitMenuButton.h"
 
 #include <memory>
-#include <type_traits>
 
 /// Posted by the alert to itself so that its sound begins once it is on the screen.
 inline constexpr UINT WM_REMINDER_ALERT_SHOWN = 1195;
@@ -37,19 +36,9 @@ class CcvMfcReminderAlertDialogInternal : public CcvMfcRemindersDialogInternal
     DECLARE_MESSAGE_MAP()
 
   private:
-    struct IconDestroyer
-    {
-        void operator()(HICON icon) const noexcept { DestroyIcon(icon); }
-    };
-    using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDestroyer>;
-
-    [[nodiscard]] static Icon LoadReminderIcon(int widthMetric, int heightMetric);
-    void ShowIcons();
     void CreateSnoozeButton();
     void DismissListedReminders();
 
     std::unique_ptr<CcvSplitMenuButton> m_snoozeButton;
-    Icon m_bigIcon;
-    Icon m_smallIcon;
     bool m_isClosing = false;
 };

@@ -72,6 +72,7 @@ BOOL CcvMfcRemindersDialogInternal::OnInitDialog()
     UpdateData(FALSE);
     const ts::ResourceScope scope;
     InitializeLayout();
+    ShowIcons();
     MakeSubjectBold();
     m_list->SubclassDlgItem(IDC_REMINDERS, this);
     m_list->InitializeColumns(GetListColumns());
@@ -97,6 +98,22 @@ void CcvMfcRemindersDialogInternal::InitializeLayout()
     m_layout.Add(IDC_NOTHING_SELECTED, GrowRight);
     m_layout.Add(IDC_REMINDERS, GrowRight | GrowDown);
     m_layout.Add(IDC_OPEN_REMINDER, MoveDown);
+}
+
+void CcvMfcRemindersDialogInternal::ShowIcons()
+{
+    m_bigIcon = LoadReminderIcon(SM_CXICON, SM_CYICON);
+    m_smallIcon = LoadReminderIcon(SM_CXSMICON, SM_CYSMICON);
+    SetIcon(m_bigIcon.get(), TRUE);
+    SetIcon(m_smallIcon.get(), FALSE);
+}
+
+CcvMfcRemindersDialogInternal::Icon CcvMfcRemindersDialogInternal::LoadReminderIcon(int widthMetric,
+                                                                                    int heightMetric)
+{
+    const HANDLE icon = LoadImageW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDI_REMINDER), IMAGE_ICON,
+                                   GetSystemMetrics(widthMetric), GetSystemMetrics(heightMetric), 0);
+    return Icon(static_cast<HICON>(icon));
 }
 
 void CcvMfcRemindersDialogInternal::MakeSubjectBold()

@@ -5,6 +5,7 @@
 #include "dialogs/DialogLayout.h"
 
 #include <memory>
+#include <type_traits>
 
 class CcvMfcRemindersListControl;
 class CcvReminderData;
@@ -60,6 +61,14 @@ class CcvMfcRemindersDialogInternal : public CcvMfcDialogBaseInternal
     DECLARE_MESSAGE_MAP()
 
   private:
+    struct IconDestroyer
+    {
+        void operator()(HICON icon) const noexcept { DestroyIcon(icon); }
+    };
+    using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDestroyer>;
+
+    [[nodiscard]] static Icon LoadReminderIcon(int widthMetric, int heightMetric);
+    void ShowIcons();
     void MakeSubjectBold();
     void InitializeLayout();
     void InitializeImage();
@@ -74,6 +83,8 @@ class CcvMfcRemindersDialogInternal : public CcvMfcDialogBaseInternal
     CString m_subject;
     CString m_due;
     CBitmap m_recurrenceBitmap;
+    Icon m_bigIcon;
+    Icon m_smallIcon;
     CcvReminderDataCollectionManager* m_manager;
     ts::DialogLayout m_layout;
 };
