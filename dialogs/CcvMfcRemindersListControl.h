@@ -63,6 +63,8 @@ class CcvMfcRemindersListControl : public CListCtrl
     void SnoozeReminder(int row, const CTimeSpan& span);
     /// Writes an edited copy back.
     void ModifyReminder(int row, const CcvReminderData& edited);
+    /// Of a recurring reminder the user may choose to delete only the present occurrence.
+    void DeleteReminder(int row);
 
     void DrawItem(DRAWITEMSTRUCT* item) override;
 

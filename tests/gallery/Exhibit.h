@@ -54,5 +54,12 @@ struct ExhibitEntry
 
 /// The add-reminder dialog, editing a reminder of that type.
 [[nodiscard]] std::unique_ptr<Exhibit> MakeAddReminderExhibit(EcvReminderRecurrenceType type);
+/// The recurrence panes, each in a window of its own size.
+[[nodiscard]] std::unique_ptr<Exhibit> MakeDailyExhibit(Extent extent);
+[[nodiscard]] std::unique_ptr<Exhibit> MakeWeeklyExhibit(Extent extent);
+[[nodiscard]] std::unique_ptr<Exhibit> MakeMonthlyExhibit(Extent extent);
+[[nodiscard]] std::unique_ptr<Exhibit> MakeYearlyExhibit(Extent extent);
+/// The question before a recurring reminder is deleted.
+[[nodiscard]] std::unique_ptr<Exhibit> MakeDeleteExhibit(Extent extent);
 
 } // namespace ts::gallery

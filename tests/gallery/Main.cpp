@@ -32,6 +32,11 @@ const std::vector<ExhibitEntry>& AllExhibits()
         {"manage", [](Extent extent) { return MakeManageExhibit(extent, 3); }},
         {"manage-empty", [](Extent extent) { return MakeManageExhibit(extent, -1); }},
         {"list-due-reordered", MakeReorderedListExhibit},
+        {"pane-daily", MakeDailyExhibit},
+        {"pane-weekly", MakeWeeklyExhibit},
+        {"pane-monthly", MakeMonthlyExhibit},
+        {"pane-yearly", MakeYearlyExhibit},
+        {"delete-recurrence", MakeDeleteExhibit},
     };
     return exhibits;
 }
