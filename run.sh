@@ -34,6 +34,17 @@ show() {
   "$@"
 }
 
+# Lets programs of the prefix show windows on the user's display. Without one they draw nowhere.
+use_display() {
+  export TS_DISPLAY=$DISPLAY XAUTHORITY=${XAUTHORITY-$HOME/.Xauthority}
+  [[ -d $prefix ]] || ts_locked setup ts_make_prefix "$prefix"
+  if ! grep -qF '"Graphics"="x11,null"' "$prefix/user.reg"; then
+    reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d x11,null /f >/dev/null
+    # The driver is chosen when the first program starts.
+    ts_await_wine "$prefix"
+  fi
+}
+
 reg() {
   "$ts_root/tools/wine-run" reg.exe "$@"
 }
@@ -74,6 +85,9 @@ ts_exit_on_signals
 ts_set_up reminders
 trap 'ts_await_wine "$prefix"' EXIT
 if [[ $command == reminders ]]; then
+  if [[ -n ${DISPLAY-} && " $* " == *' --dialog '* ]]; then
+    use_display
+  fi
   # The program hears of Ctrl+C, too, and its exit code counts.
   trap : INT
 fi

@@ -254,6 +254,11 @@ void CcvMfcAddReminderDialogInternal::OnToggleRecurrence()
 {
     m_sectionShown = !m_sectionShown;
     LayOut();
+    const HWND focus = ::GetFocus();
+    if (focus != nullptr && ::IsWindowVisible(focus) == FALSE)
+    {
+        GotoDlgCtrl(GetDlgItem(IDC_ADD_TOGGLE_RECURRENCE));
+    }
 }
 
 void CcvMfcAddReminderDialogInternal::OnKindChosen()

@@ -4,6 +4,7 @@
 #include "Errors.h"
 #include "Evaluation.h"
 #include "PatternOptions.h"
+#include "ReminderDialog.h"
 #include "Strings.h"
 #include "TimeText.h"
 
@@ -27,6 +28,7 @@ struct ReminderArguments
     std::optional<std::string> lead;
     PatternOptions pattern;
     std::string key;
+    bool dialog = false;
     Store::Outlook outlook = Store::Outlook::Mirrored;
 };
 
@@ -38,11 +40,13 @@ void DeclareFields(CLI::App& command, ReminderArguments& arguments, bool require
     AddText(command, "--topic", arguments.topic, "GUID", "Identifier of the topic")->required(required);
     AddText(command, "--title", arguments.title, "TEXT", "Title of the topic");
     AddText(command, "--document-title", arguments.documentTitle, "TEXT", "Title of the document");
-    AddText(command, "--subject", arguments.subject, "TEXT", "What to remind of")->required(required);
+    AddText(command, "--subject", arguments.subject, "TEXT", "What to remind of");
     AddText(command, "--due", arguments.due, "TIME",
-            "2026-11-21T09:00, with +01:00 or Z if wanted, or a date")
-        ->required(required);
+            "2026-11-21T09:00, with +01:00 or Z if wanted, or a date");
     AddText(command, "--lead", arguments.lead, "SPAN", "How long before that to remind: 15m, 2h, 1d, 1w");
+    command.add_flag("--dialog", arguments.dialog,
+                     required ? "Enter the reminder in a dialog, which shows what else is given"
+                              : "Change the reminder in a dialog, which shows what else is given");
 }
 
 void DeclarePattern(CLI::App& command, PatternOptions& pattern)
@@ -114,12 +118,34 @@ void SetFields(CcvReminderData& reminder, const ReminderArguments& arguments)
     }
 }
 
+/// The due time of a new reminder: as given, or for the dialog the next full quarter of an hour.
+CTime NewDueTime(const ReminderArguments& arguments)
+{
+    if (arguments.due)
+    {
+        return ParseTime(*arguments.due, "--due");
+    }
+    constexpr std::int64_t kQuarter = 15 * 60;
+    const std::int64_t now = CTime::GetCurrentTime().GetTime();
+    return now + (kQuarter - now % kQuarter) % kQuarter;
+}
+
 void RunAdd(const ReminderArguments& arguments, const Session& session)
 {
+    if (!arguments.dialog && (!arguments.subject || !arguments.due))
+    {
+        throw UsageError(std::string(arguments.subject ? "--due" : "--subject") +
+                         " is required, unless --dialog is given");
+    }
     CcvReminderData reminder{CString()};
     SetFields(reminder, arguments);
     SetPattern(reminder, arguments.pattern);
-    SetDueTimes(reminder, ParseTime(*arguments.due, "--due"));
+    SetDueTimes(reminder, NewDueTime(arguments));
+    if (arguments.dialog && !EditInDialog(session, reminder, CString()))
+    {
+        session.out << "Not added.\n";
+        return;
+    }
     ChangeStore(session, arguments.outlook,
                 [&](Store& store)
                 {
@@ -169,9 +195,9 @@ void Edit(CcvReminderData& reminder, const ReminderArguments& arguments, std::op
 
 void RunEdit(const ReminderArguments& arguments, const Session& session)
 {
-    if (!arguments.pattern.Given() && !arguments.document && !arguments.map && !arguments.topic &&
-        !arguments.title && !arguments.documentTitle && !arguments.subject && !arguments.due &&
-        !arguments.lead)
+    if (!arguments.dialog && !arguments.pattern.Given() && !arguments.document && !arguments.map &&
+        !arguments.topic && !arguments.title && !arguments.documentTitle && !arguments.subject &&
+        !arguments.due && !arguments.lead)
     {
         throw UsageError("nothing to change: give at least one option");
     }
@@ -189,6 +215,11 @@ void RunEdit(const ReminderArguments& arguments, const Session& session)
                 {
                     CcvReminderData reminder = store.Get(arguments.key);
                     Edit(reminder, arguments, due);
+                    if (arguments.dialog && !EditInDialog(session, reminder, reminder.GetSubject()))
+                    {
+                        session.out << "Not changed.\n";
+                        return;
+                    }
                     store.Modify(reminder);
                     const CTime dueNow = Evaluate(reminder, CTime::GetCurrentTime()).due.value_or(CTime());
                     const std::string text = ShortTime(dueNow);

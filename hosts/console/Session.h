@@ -11,6 +11,10 @@ namespace ts::console
 /// How long a command waits at its end for Outlook.
 inline constexpr CTimeSpan kOutlookPatience(30);
 
+/// Whether the user can see windows. A window station without a screen lets programs make windows all the
+/// same, which would wait for ever for somebody to close them.
+[[nodiscard]] bool HasDisplay();
+
 /// Where a command writes: UTF-8, and the columns of the terminal.
 struct Session
 {
@@ -19,6 +23,7 @@ struct Session
     std::ostream& err;
     std::size_t width;
     CTimeSpan outlookPatience = kOutlookPatience;
+    bool (*hasDisplay)() = HasDisplay;
 };
 
 } // namespace ts::console
