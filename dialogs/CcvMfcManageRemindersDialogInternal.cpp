@@ -2,7 +2,6 @@
 
 #include "collection/CcvReminderDataCollectionManager.h"
 #include "dialogs/CcvMfcAddReminderDialog.h"
-#include "dialogs/CcvMfcDeleteRecurrenceConfirmationDialog.h"
 #include "dialogs/CcvMfcRemindersListControl.h"
 #include "dialogs/SeenReminder.h"
 #include "module/CcvReminderOptionUtilities.h"
@@ -15,11 +14,6 @@
 namespace
 {
 
-void Delete(CcvReminderDataCollectionManager& manager, CcvReminderData& reminder)
-{
-    manager.DeleteReminder(&reminder, CcvReminderOptionUtilities::GetSynchronizeOutlookAppointments());
-}
-
 /// Writes an edited copy back. What was not edited may have changed while the dialog was open: the reminder
 /// may have been snoozed, and Outlook may have named its appointment.
 void WriteBack(CcvReminderDataCollectionManager& manager, const CcvReminderData& present,
@@ -29,25 +23,6 @@ void WriteBack(CcvReminderDataCollectionManager& manager, const CcvReminderData&
     changed.CopyData(&edited);
     changed.LoadOutlookDataFromRegistry(ts::kRemindersPath);
     manager.ModifyReminder(&changed, CcvReminderOptionUtilities::GetSynchronizeOutlookAppointments());
-}
-
-/// `seen` was chosen to be deleted: all of it, or the occurrence that was seen.
-void DeleteRecurring(CcvReminderDataCollectionManager& manager, const ts::SeenReminder& seen, bool series)
-{
-    CcvReminderData* const reminder =
-        series ? seen.FindIn(manager) : seen.FindOccurrenceIn(manager, CTime::GetCurrentTime());
-    if (reminder == nullptr)
-    {
-        return;
-    }
-    if (series)
-    {
-        Delete(manager, *reminder);
-    }
-    else
-    {
-        ts::DismissOccurrence(manager, *reminder);
-    }
 }
 
 } // namespace
@@ -140,21 +115,5 @@ void CcvMfcManageRemindersDialogInternal::OnEdit()
 
 void CcvMfcManageRemindersDialogInternal::OnDelete()
 {
-    CcvReminderData* const selected = List().GetSelectedReminder();
-    if (selected == nullptr)
-    {
-        return;
-    }
-    CcvReminderDataCollectionManager& manager = Manager();
-    if (!selected->IsRecurrent())
-    {
-        Delete(manager, *selected);
-        return;
-    }
-    const ts::SeenReminder seen(*selected, CTime::GetCurrentTime());
-    CcvMfcDeleteRecurrenceConfirmationDialog question(this);
-    if (question.DoModal() == IDOK)
-    {
-        DeleteRecurring(manager, seen, question.IsDeletingSeries());
-    }
+    List().DeleteReminder(List().GetSelectedIndex());
 }

@@ -10,20 +10,15 @@ bool Has(ts::Follow follow, ts::Follow way) noexcept
     return (static_cast<unsigned>(follow) & static_cast<unsigned>(way)) != 0;
 }
 
-CSize ClientSize(const CWnd& window) noexcept
-{
-    CRect client;
-    window.GetClientRect(&client);
-    return client.Size();
-}
-
 } // namespace
 
 void ts::DialogLayout::Start(CWnd& dialog)
 {
     m_dialog = &dialog;
     m_items.clear();
-    m_client = ClientSize(dialog);
+    CRect client;
+    dialog.GetClientRect(&client);
+    m_client = client.Size();
     CRect window;
     dialog.GetWindowRect(&window);
     m_smallest = window.Size();
@@ -62,8 +57,10 @@ void ts::DialogLayout::Arrange() const
     {
         return;
     }
-    const CSize client = ClientSize(*m_dialog);
-    const CSize growth(std::max(client.cx - m_client.cx, 0L), std::max(client.cy - m_client.cy, 0L));
+    CRect client;
+    m_dialog->GetClientRect(&client);
+    const CSize growth(std::max<int>(client.Width() - m_client.cx, 0),
+                       std::max<int>(client.Height() - m_client.cy, 0));
     for (const Item& item : m_items)
     {
         const CRect place = PlaceOf(item, growth);

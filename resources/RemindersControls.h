@@ -1,7 +1,7 @@
 #pragma once
 
-// Numbers of the templates and controls of the alert and the manage dialog. They are macros because the resource
-// compiler reads them too.
+// Numbers of the templates and controls of the alert and the manage dialog. They are macros because the
+// resource compiler reads them too.
 
 #define IDD_REMINDER_ALERT 103
 #define IDD_MANAGE_REMINDERS 112
