@@ -53,7 +53,7 @@ CRect ts::DialogLayout::PlaceOf(const Item& item, CSize growth) noexcept
 
 void ts::DialogLayout::Arrange() const
 {
-    if (m_dialog == nullptr || m_dialog->IsIconic() != FALSE)
+    if (m_dialog == nullptr)
     {
         return;
     }

@@ -34,7 +34,7 @@ class DialogLayout
     void Add(int controlId, Follow follow);
     /// For when the window is gone.
     void Reset() noexcept;
-    /// In answer to WM_SIZE.
+    /// In answer to WM_SIZE, but not of a window that is minimised.
     void Arrange() const;
     /// In answer to WM_GETMINMAXINFO.
     void LimitSize(MINMAXINFO& limits) const noexcept;

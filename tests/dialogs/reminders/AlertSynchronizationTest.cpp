@@ -164,12 +164,14 @@ TEST_F(AlertSynchronizationTest, SecondCloseInsideTheFirst_DismissesNothingTwice
     const int second = AddRecurring(L"second", Noon());
     m_host->onSynchronize = [this]
     {
+        ++m_messages;
         Synchronize();
         SystemCommand(SC_CLOSE);
     };
     Open();
     SystemCommand(SC_CLOSE);
     EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(3, m_messages);
     EXPECT_EQ(Noon() + kDay, NextDue(m_daily));
     EXPECT_EQ(Noon() + kDay, NextDue(second));
     EXPECT_TRUE(IsDismissed(m_once));
