@@ -1,53 +1,55 @@
 #include "collection/CcvReminderDataCollectionManager.h"
 #include "dialogs/CcvMfcDeleteRecurrenceConfirmationDialog.h"
 #include "dialogs/CcvMfcRemindersListControl.h"
+#include "dialogs/SeenReminder.h"
 #include "module/CcvReminderOptionUtilities.h"
 
 namespace
 {
 
-CcvReminderData* FindByKey(const CcvReminderDataCollectionManager& manager, const CString& key)
+void Delete(CcvReminderDataCollectionManager& manager, CcvReminderData& reminder)
 {
-    for (int index = 0; index < manager.GetRemindersCount(); ++index)
+    manager.DeleteReminder(&reminder, CcvReminderOptionUtilities::GetSynchronizeOutlookAppointments());
+}
+
+void DeleteSeries(CcvReminderDataCollectionManager& manager, const ts::SeenReminder& seen)
+{
+    CcvReminderData* const reminder = seen.FindIn(manager);
+    if (reminder != nullptr)
     {
-        CcvReminderData* const reminder = manager.GetReminderByIndex(index);
-        if (reminder->GetReminderKey() == key)
-        {
-            return reminder;
-        }
+        Delete(manager, *reminder);
     }
-    return nullptr;
+}
+
+void DeleteOccurrence(CcvReminderDataCollectionManager& manager, const ts::SeenReminder& seen)
+{
+    CcvReminderData* const reminder = seen.FindOccurrenceIn(manager, CTime::GetCurrentTime());
+    if (reminder != nullptr)
+    {
+        ts::DismissOccurrence(manager, *reminder);
+    }
 }
 
 } // namespace
 
 void CcvMfcRemindersListControl::DeleteReminder(int row)
 {
-    CcvReminderData* reminder = GetReminder(row);
+    CcvReminderData* const reminder = GetReminder(row);
     if (reminder == nullptr)
     {
         return;
     }
-    if (reminder->IsRecurrent())
+    if (!reminder->IsRecurrent())
     {
-        // While the question is shown the collection may be loaded again, and the list may go.
-        const CString key = reminder->GetReminderKey();
-        const HWND list = m_hWnd;
-        CcvMfcDeleteRecurrenceConfirmationDialog question(this);
-        if (question.DoModal() != IDOK || IsWindow(list) == FALSE)
-        {
-            return;
-        }
-        reminder = FindByKey(*m_manager, key);
-        if (reminder == nullptr)
-        {
-            return;
-        }
-        if (question.IsDeletingInstance())
-        {
-            m_manager->DismissReminder(reminder);
-            return;
-        }
+        Delete(*m_manager, *reminder);
+        return;
     }
-    m_manager->DeleteReminder(reminder, CcvReminderOptionUtilities::GetSynchronizeOutlookAppointments());
+    // While the question is shown the collection may be loaded again, and the list may go.
+    const ts::SeenReminder seen(*reminder, CTime::GetCurrentTime());
+    const HWND list = m_hWnd;
+    CcvMfcDeleteRecurrenceConfirmationDialog question(this);
+    if (question.DoModal() == IDOK && IsWindow(list) != FALSE)
+    {
+        (question.IsDeletingSeries() ? DeleteSeries : DeleteOccurrence)(*m_manager, seen);
+    }
 }

@@ -47,6 +47,10 @@ struct ExhibitEntry
 [[nodiscard]] std::unique_ptr<Exhibit> MakeControlsExhibit(Extent extent);
 /// The list of recent reminders, with or without the focus.
 [[nodiscard]] std::unique_ptr<Exhibit> MakeListExhibit(Extent extent, bool focused);
+/// The alert with that row selected, or empty with the row -1.
+[[nodiscard]] std::unique_ptr<Exhibit> MakeAlertExhibit(Extent extent, int row);
+/// The same for the manage dialog.
+[[nodiscard]] std::unique_ptr<Exhibit> MakeManageExhibit(Extent extent, int row);
 /// The list of due reminders with its columns in another order.
 [[nodiscard]] std::unique_ptr<Exhibit> MakeReorderedListExhibit(Extent extent);
 

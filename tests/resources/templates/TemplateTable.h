@@ -1,6 +1,7 @@
 #pragma once
 
 #include "resources/RecurrenceControls.h"
+#include "resources/RemindersControls.h"
 #include "resources/StringIds.h"
 
 #include <vector>
@@ -33,6 +34,12 @@ inline const std::vector<TemplateFacts>& AllTemplateFacts()
         {IDD_RECURRENCE_MONTHLY, {1037, 1043, 1044, 1046, 1047, 1048}, {}, {}},
         {IDD_RECURRENCE_YEARLY, {1036, 1039, 1040, 1041, 1042, 1044}, {}, {}},
         {IDD_DELETE_RECURRENCE, {1053, 1054, 1, 2}, {}, {}},
+        // The snooze button takes the place of a text that is not shown.
+        {IDD_REMINDER_ALERT,
+         {1019, 1020, 1021, 1023, 1026, 1028, 1030, 1069, 2},
+         {{IDC_SNOOZE_PLACE, IDS_SNOOZE}},
+         {}},
+        {IDD_MANAGE_REMINDERS, {1019, 1020, 1021, 1023, 1024, 1025, 1027, 1028, 1030, 1031, 1069, 2}, {}, {}},
     };
     return facts;
 }

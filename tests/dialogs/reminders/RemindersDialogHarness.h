@@ -1,0 +1,71 @@
+#pragma once
+
+#include "collection/SynchronizationMessage.h"
+#include "module/RegistryPaths.h"
+#include "resources/RemindersControls.h"
+#include "tests/dialogs/ListHarness.h"
+#include "tests/support/RawRegistry.h"
+
+#include <bit>
+#include <memory>
+
+namespace ts::test
+{
+
+/// One of the two dialogs with a list of reminders, modeless over a store of its own, in English and without
+/// a sound.
+class RemindersDialogTest : public testing::Test
+{
+  protected:
+    RemindersDialogTest();
+    ~RemindersDialogTest() override;
+
+    /// The dialog's window, null when it has none.
+    [[nodiscard]] virtual HWND Dialog() const = 0;
+
+    void Load() { m_manager = std::make_unique<CcvReminderDataCollectionManager>(false); }
+
+    [[nodiscard]] HWND Item(int id) const { return GetDlgItem(Dialog(), id); }
+    [[nodiscard]] bool IsEnabled(int id) const { return IsWindowEnabled(Item(id)) != FALSE; }
+    [[nodiscard]] bool IsShown(int id) const { return IsWindowVisible(Item(id)) != FALSE; }
+    [[nodiscard]] std::wstring ItemText(int id) const { return TextOf(Item(id)); }
+    /// Within the dialog's client area.
+    [[nodiscard]] CRect ItemPlace(int id) const;
+    [[nodiscard]] CcvMfcRemindersListControl& List() const;
+    [[nodiscard]] Texts Subjects() const;
+    [[nodiscard]] int FocusedItem() const { return GetDlgCtrlID(GetFocus()); }
+    void PressButton(int id) const { SendMessageW(Item(id), BM_CLICK, 0, 0); }
+    void Command(int id) const { SendMessageW(Dialog(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
+    void SystemCommand(UINT command) const { SendMessageW(Dialog(), WM_SYSCOMMAND, command, 0); }
+    /// A letter with the Alt key.
+    void PressMnemonic(wchar_t letter) const;
+    void PassMinute() const { List().SendMessage(WM_TIMER, 1001); }
+    [[nodiscard]] bool IsOpen() const { return Dialog() != nullptr; }
+
+    int AddRecurring(const wchar_t* subject, CTime due, int days = 1);
+    /// Its due time raises an error; it is due all the same because it was snoozed until now.
+    int AddDamagedAndSnoozed();
+    [[nodiscard]] CTime NextDue(int number) const { return m_store.Load(number)->GetNextDueDate(); }
+
+    FixedClock m_clock{Noon()};
+    ReminderStore m_store;
+    std::unique_ptr<CcvReminderDataCollectionManager> m_manager;
+};
+
+/// Both dialogs in tests are made of these sizes.
+inline void Resize(HWND window, int width, int height)
+{
+    SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+[[nodiscard]] inline CSize SizeOf(HWND window)
+{
+    CRect rect;
+    GetWindowRect(window, &rect);
+    return rect.Size();
+}
+
+/// As the dialog writes it.
+[[nodiscard]] std::wstring DueText(CTime due);
+
+} // namespace ts::test
