@@ -14,6 +14,13 @@
 namespace
 {
 
+/// Whether the user gave a dismissed reminder another time, at which it is to be heard.
+bool IsSetAnew(const CcvReminderData& present, const CcvReminderData& edited)
+{
+    return present.IsDimissed() && !present.IsRecurrent() &&
+           (edited.IsRecurrent() || edited.GetNextDueDate() != present.GetNextDueDate());
+}
+
 /// Writes an edited copy back. What was not edited may have changed while the dialog was open: the reminder
 /// may have been snoozed, and Outlook may have named its appointment.
 void WriteBack(CcvReminderDataCollectionManager& manager, const CcvReminderData& present,
@@ -21,6 +28,10 @@ void WriteBack(CcvReminderDataCollectionManager& manager, const CcvReminderData&
 {
     CcvReminderData changed(present);
     changed.CopyData(&edited);
+    if (IsSetAnew(present, edited))
+    {
+        changed.SetDismissed(false);
+    }
     changed.LoadOutlookDataFromRegistry(ts::kRemindersPath);
     manager.ModifyReminder(&changed, CcvReminderOptionUtilities::GetSynchronizeOutlookAppointments());
 }

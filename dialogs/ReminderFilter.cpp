@@ -28,8 +28,18 @@ bool IsToday(CcvReminderData& reminder, CTime now)
     return due && ts::IsSameLocalDate(*due, now);
 }
 
+// A dismissed reminder would come back with each alert. The bit says nothing of a recurring one.
+bool IsSettled(const CcvReminderData& reminder)
+{
+    return reminder.IsDimissed() && !reminder.IsRecurrent();
+}
+
 bool IsDue(CcvReminderData& reminder, CTime now)
 {
+    if (IsSettled(reminder))
+    {
+        return false;
+    }
     const std::optional<CTime> time = ts::FindReminderTime(reminder, now);
     return time && *time <= now;
 }

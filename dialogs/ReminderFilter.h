@@ -9,7 +9,7 @@ enum class ReminderListFilter : std::int32_t
 {
     Recent = 0, ///< due at any time to come, or less than 31 days ago
     Today = 1,  ///< due on today's local date
-    Due = 2     ///< the reminder time has come
+    Due = 2     ///< the reminder time has come, and it was not dismissed
 };
 
 namespace ts

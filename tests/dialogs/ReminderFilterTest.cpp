@@ -84,6 +84,20 @@ TEST(ReminderFilterTest, Due_SnoozedReminder_CountsBySnoozeTime)
     EXPECT_TRUE(Lists(Due, reminder));
 }
 
+TEST(ReminderFilterTest, DismissedReminder_IsNotDueAnyMore)
+{
+    CcvReminderData reminder = DueAt(Noon() - CTimeSpan(kDay / 4));
+    reminder.SetDismissed(true);
+    EXPECT_FALSE(Lists(Due, reminder));
+    EXPECT_TRUE(Lists(Recent, reminder));
+    EXPECT_TRUE(Lists(Today, reminder));
+    // A recurring reminder has no such state: the bit is a leftover.
+    reminder.SetRecurrenceType(EcvReminderRecurrenceType::Daily);
+    reminder.SetDailyRecurrenceNumber(1);
+    EXPECT_TRUE(reminder.IsDimissed());
+    EXPECT_TRUE(Lists(Due, reminder));
+}
+
 TEST(ReminderFilterTest, DamagedReminder_IsRecentOnly_UntilItsSnoozeEnds)
 {
     CcvReminderData reminder = Damaged(Noon());

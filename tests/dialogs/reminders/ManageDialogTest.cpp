@@ -6,6 +6,7 @@
 #include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
 
+#include <commctrl.h>
 #include <cstdlib>
 
 namespace
@@ -404,6 +405,34 @@ TEST_F(ManageTest, SnoozeWhileEditing_IsKept)
     EXPECT_EQ(L"edited", Subject(m_once));
     EXPECT_TRUE(m_store.Load(m_once)->IsSnoozed());
     EXPECT_EQ(Noon() + CTimeSpan(300), m_store.Load(m_once)->GetSnoozeTime());
+}
+
+TEST_F(ManageTest, DismissedReminderThatGetsAnotherTime_IsHeardAgain)
+{
+    BeHost();
+    AddThree();
+    Open();
+    m_manager->DismissReminder(m_manager->GetReminderByIndex(m_once));
+    {
+        const auto edit = Edit(L"other words", IDOK);
+        PressButton(IDC_EDIT_REMINDER);
+        EXPECT_TRUE(edit->Happened());
+    }
+    EXPECT_EQ(L"other words", Subject(m_once));
+    EXPECT_TRUE(m_store.Load(m_once)->IsDimissed());
+    const auto edit = Edit(L"tomorrow", IDOK,
+                           [](HWND dialog)
+                           {
+                               SYSTEMTIME tomorrow{};
+                               tomorrow.wYear = 2026;
+                               tomorrow.wMonth = 11;
+                               tomorrow.wDay = 22;
+                               DateTime_SetSystemtime(GetDlgItem(dialog, IDC_ADD_DATE), GDT_VALID, &tomorrow);
+                           });
+    PressButton(IDC_EDIT_REMINDER);
+    EXPECT_TRUE(edit->Happened());
+    EXPECT_FALSE(m_store.Load(m_once)->IsDimissed());
+    EXPECT_EQ(Noon() - CTimeSpan(kSecondsPerHour) + kDay, m_store.Load(m_once)->GetNextDueDate());
 }
 
 TEST_F(ManageTest, HostThatDestroysTheDialogInsideADelete_IsSurvived)
