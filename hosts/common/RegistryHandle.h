@@ -2,7 +2,7 @@
 
 #include "TsServiceUtilities.h"
 
-namespace ts::console
+namespace ts::hosts
 {
 
 /// Owns an open registry key.
@@ -32,4 +32,4 @@ class RegistryHandle
     HKEY m_key = nullptr;
 };
 
-} // namespace ts::console
+} // namespace ts::hosts
