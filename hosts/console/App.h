@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Session.h"
+#include "hosts/common/ExitCode.h"
 
 #include <string>
 #include <vector>
@@ -8,13 +9,8 @@
 namespace ts::console
 {
 
-/// What the process ends with.
-enum ExitCode : int
-{
-    kDone = 0,
-    kFailed = 1,
-    kWrongUse = 2
-};
+using hosts::ExitCode;
+using enum hosts::ExitCode;
 
 /// Runs one command. `arguments` are UTF-8, without the program's name. The reason of a failure is one line
 /// on the session's error stream. The exit code of the program.

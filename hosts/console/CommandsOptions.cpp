@@ -1,9 +1,9 @@
 #include "CommandLine.h"
 #include "Commands.h"
 #include "Errors.h"
-#include "RegistryHandle.h"
 #include "Strings.h"
 #include "Table.h"
+#include "hosts/common/RegistryHandle.h"
 
 #include <array>
 #include <memory>
@@ -85,7 +85,7 @@ void Write(const Option& option, bool value)
     }
     option.set(value);
     const std::string place = "HKEY_CURRENT_USER\\" + FromLibrary(kSettingsPath);
-    RegistryHandle settings;
+    hosts::RegistryHandle settings;
     if (settings.Open(HKEY_CURRENT_USER, kSettingsPath, KEY_READ) != ERROR_SUCCESS)
     {
         throw OperationError(std::string("the option ") + option.name + " was not written: the key " + place +

@@ -135,7 +135,7 @@ std::vector<CTime> FindOccurrences(const CcvReminderData& reminder, CTime from, 
 {
     try
     {
-        return OccurrencesAfter(reminder, from, count);
+        return hosts::OccurrencesAfter(reminder, from, count);
     }
     catch (const COleException&)
     {

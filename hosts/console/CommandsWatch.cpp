@@ -1,12 +1,12 @@
 #include "CommandLine.h"
 #include "Commands.h"
 #include "DisplayText.h"
-#include "DueWatch.h"
 #include "InterruptEvent.h"
-#include "ServiceWindow.h"
 #include "Store.h"
 #include "Strings.h"
 #include "TimeText.h"
+#include "WatchWindow.h"
+#include "hosts/common/DueWatch.h"
 
 #include <algorithm>
 
@@ -23,10 +23,10 @@ std::string CountText(std::size_t count)
     return std::to_string(count) + (count == 1 ? " reminder" : " reminders");
 }
 
-void PrintDue(const ListedReminder& listed, const Session& session)
+void PrintDue(const hosts::DueReminder& due, const Session& session)
 {
-    const CcvReminderData& reminder = listed.reminder;
-    session.out << "Due " << ShortTime(listed.evaluation.due.value_or(CTime())) << "  "
+    const CcvReminderData& reminder = due.reminder;
+    session.out << "Due " << ShortTime(due.due.value_or(CTime())) << "  "
                 << Printable(FromLibrary(reminder.GetSubject())) << "  "
                 << Printable(FromLibrary(reminder.GetReminderKey())) << "\n";
 }
@@ -34,14 +34,14 @@ void PrintDue(const ListedReminder& listed, const Session& session)
 DWORD SleepUntilNext(const std::vector<CcvReminderData>& reminders, CTime now)
 {
     constexpr std::int64_t kMillisecondsInSecond = 1000;
-    const auto next = DueWatch::NextTime(reminders, now);
+    const auto next = hosts::DueWatch::NextTime(reminders, now);
     const std::int64_t seconds = next ? (*next - now).GetTimeSpan() : kLongestSleepMilliseconds;
     return static_cast<DWORD>(std::min<std::int64_t>(
         std::min<std::int64_t>(seconds, kLongestSleepMilliseconds) * kMillisecondsInSecond,
         kLongestSleepMilliseconds));
 }
 
-void TellStart(const std::vector<CcvReminderData>& reminders, std::size_t due, const ServiceWindow& window,
+void TellStart(const std::vector<CcvReminderData>& reminders, std::size_t due, const WatchWindow& window,
                const Session& session)
 {
     if (window.IsBehindAnother())
@@ -60,9 +60,9 @@ void RunWatch(const Session& session)
 {
     const InterruptEvent interrupt;
     // Before the reminders are loaded, so that no change is missed.
-    ServiceWindow window;
+    WatchWindow window;
     Store store;
-    DueWatch watch;
+    hosts::DueWatch watch;
     std::vector<CcvReminderData> reminders = store.All();
     CTime now = CTime::GetCurrentTime();
     TellStart(reminders, watch.Look(reminders, now).size(), window, session);
@@ -76,7 +76,7 @@ void RunWatch(const Session& session)
         {
             session.out << "Changed " << ShortTime(now) << "  " << CountText(reminders.size()) << "\n";
         }
-        for (const ListedReminder& due : watch.Look(reminders, now))
+        for (const hosts::DueReminder& due : watch.Look(reminders, now))
         {
             PrintDue(due, session);
         }

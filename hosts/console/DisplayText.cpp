@@ -1,13 +1,18 @@
 #include "DisplayText.h"
 
 #include "CharacterWidths.h"
-#include "Utf8.h"
+#include "hosts/common/Utf8.h"
 
 #include <algorithm>
 #include <cstdio>
 
 namespace ts::console
 {
+
+using hosts::AppendUtf8;
+using hosts::kReplacement;
+using hosts::TakeCharacter;
+
 namespace
 {
 

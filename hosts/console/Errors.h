@@ -1,22 +1,11 @@
 #pragma once
 
-#include <stdexcept>
+#include "hosts/common/Errors.h"
 
 namespace ts::console
 {
 
-/// The program was called wrongly; nothing has been done. Exit code 2.
-class UsageError : public std::runtime_error
-{
-  public:
-    using std::runtime_error::runtime_error;
-};
-
-/// What was asked for could not be done. Exit code 1.
-class OperationError : public std::runtime_error
-{
-  public:
-    using std::runtime_error::runtime_error;
-};
+using hosts::OperationError;
+using hosts::UsageError;
 
 } // namespace ts::console

@@ -1,7 +1,5 @@
 #include "Evaluation.h"
 
-#include "TimeText.h"
-
 #include <algorithm>
 #include <limits>
 
@@ -12,42 +10,18 @@ namespace
 
 constexpr CTimeSpan kRecent = 2'678'400; // 31 days
 
-template <typename Question>
-auto Ask(Question question) -> std::optional<decltype(question())>
-{
-    try
-    {
-        return question();
-    }
-    catch (const COleException&)
-    {
-        return std::nullopt;
-    }
-}
-
 bool IsSameLocalDate(CTime left, CTime right)
 {
-    return IsCalendarTime(left) && left.GetYear() == right.GetYear() && left.GetMonth() == right.GetMonth() &&
-           left.GetDay() == right.GetDay();
+    return hosts::IsCalendarTime(left) && left.GetYear() == right.GetYear() &&
+           left.GetMonth() == right.GetMonth() && left.GetDay() == right.GetDay();
 }
 
 /// Where a reminder stands in the list: one without due time after all others.
 std::int64_t SortTime(const Evaluation& evaluation)
 {
-    return evaluation.due && IsCalendarTime(*evaluation.due) ? evaluation.due->GetTime()
-                                                             : std::numeric_limits<std::int64_t>::max();
-}
-
-/// The first occurrence later than `from`; 0 when there is none.
-CTime FirstOccurrenceAfter(CcvReminderData& walker, CTime from)
-{
-    if (walker.GetNextDueDate() > from)
-    {
-        return walker.GetNextDueDate();
-    }
-    // Without a lead time the library goes on to the last occurrence up to `from`, by a jump where it can.
-    walker.SetReminderTimeSpan(0);
-    return walker.GetNextRecurrentTime(walker.GetCalculatedDueTime(from));
+    return evaluation.due && hosts::IsCalendarTime(*evaluation.due)
+               ? evaluation.due->GetTime()
+               : std::numeric_limits<std::int64_t>::max();
 }
 
 } // namespace
@@ -55,12 +29,12 @@ CTime FirstOccurrenceAfter(CcvReminderData& walker, CTime from)
 Evaluation Evaluate(const CcvReminderData& reminder, CTime now)
 {
     CcvReminderData copy(reminder);
-    Evaluation evaluation = {Ask([&] { return copy.GetCalculatedDueTime(now); }),
-                             Ask([&] { return copy.GetReminderTime(now); }),
-                             Ask([&] { return copy.GetReminderStatus(now); }), std::nullopt};
-    if (evaluation.due && IsCalendarTime(*evaluation.due))
+    const hosts::ReminderTimes times = hosts::FindTimes(reminder, now);
+    Evaluation evaluation = {times.due, times.reminderTime,
+                             hosts::Ask([&] { return copy.GetReminderStatus(now); }), std::nullopt};
+    if (evaluation.due && hosts::IsCalendarTime(*evaluation.due))
     {
-        evaluation.dueIn = Ask([&] { return CcvReminderDataUtilities::GetDueInString(&copy, now); });
+        evaluation.dueIn = hosts::Ask([&] { return CcvReminderDataUtilities::GetDueInString(&copy, now); });
     }
     return evaluation;
 }
@@ -112,40 +86,6 @@ std::vector<ListedReminder> FilterAndSort(const std::vector<CcvReminderData>& re
         listed.push_back({reminders[entry.index], entry.evaluation});
     }
     return listed;
-}
-
-std::vector<CTime> OccurrencesAfter(const CcvReminderData& reminder, CTime from, int count)
-{
-    std::vector<CTime> occurrences;
-    if (!reminder.IsRecurrent())
-    {
-        return occurrences;
-    }
-    try
-    {
-        CcvReminderData walker(reminder);
-        CTime occurrence = FirstOccurrenceAfter(walker, from);
-        CTime previous = from;
-        while (occurrence > previous && IsCalendarTime(occurrence))
-        {
-            occurrences.push_back(occurrence);
-            if (occurrences.size() == static_cast<std::size_t>(count))
-            {
-                break;
-            }
-            previous = occurrence;
-            occurrence = walker.GetNextRecurrentTime(previous);
-        }
-    }
-    catch (const COleException& error)
-    {
-        // The runtime refuses times after the year 3000: there the occurrences end.
-        if (occurrences.empty() && error.m_sc != E_INVALIDARG)
-        {
-            throw;
-        }
-    }
-    return occurrences;
 }
 
 } // namespace ts::console

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TsServiceUtilities.h"
+#include "hosts/common/ReminderTimes.h"
 
 #include <optional>
 #include <string>
@@ -45,10 +45,5 @@ struct ListedReminder
 /// The reminders that pass, by due time, then by key; those without a due time come last.
 [[nodiscard]] std::vector<ListedReminder> FilterAndSort(const std::vector<CcvReminderData>& reminders,
                                                         Filter filter, CTime now);
-
-/// The occurrences strictly later than `from`, at most `count`, along the pattern from the due time in
-/// force. Empty for a reminder that does not recur; ends with the calendar, and where the pattern does not
-/// advance. Raises COleException when the pattern cannot be followed at all.
-[[nodiscard]] std::vector<CTime> OccurrencesAfter(const CcvReminderData& reminder, CTime from, int count);
 
 } // namespace ts::console

@@ -1,5 +1,5 @@
 #include "App.h"
-#include "Console.h"
+#include "hosts/common/Console.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -14,6 +14,7 @@ int main()
     _tzset();
 
     using namespace ts::console;
+    using namespace ts::hosts;
     StandardBuffer outBuffer(STD_OUTPUT_HANDLE);
     StandardBuffer errBuffer(STD_ERROR_HANDLE);
     std::ostream out(&outBuffer);

@@ -2,8 +2,9 @@
 
 #include "Errors.h"
 #include "PatternText.h"
-#include "RegistryHandle.h"
 #include "Strings.h"
+#include "hosts/common/Collection.h"
+#include "hosts/common/RegistryHandle.h"
 
 namespace ts::console
 {
@@ -30,20 +31,12 @@ namespace
 /// Raises when the key is there and cannot be read, which the collection does not tell.
 void CheckReadable(const CString& path)
 {
-    RegistryHandle key;
+    hosts::RegistryHandle key;
     const LSTATUS error = key.Open(HKEY_CURRENT_USER, path, KEY_READ);
     if (error != ERROR_SUCCESS && error != ERROR_FILE_NOT_FOUND)
     {
         ThrowUnreadable(error);
     }
-}
-
-/// Loads a record of the collection that was left unloaded. Whether it is loaded.
-bool EnsureLoaded(CcvReminderData& record)
-{
-    const bool named = !record.GetDocumentPath().IsEmpty() || !record.GetMapGuid().IsEmpty() ||
-                       !record.GetObjectGuid().IsEmpty();
-    return named || record.LoadDataFromRegistry(kRemindersPath);
 }
 
 bool IsSameKey(const CString& left, const CString& right)
@@ -106,7 +99,7 @@ std::vector<CcvReminderData> Store::All()
     for (int index = 0; index < m_manager->GetRemindersCount(); ++index)
     {
         CcvReminderData& record = *m_manager->GetReminderByIndex(index);
-        if (EnsureLoaded(record))
+        if (hosts::EnsureLoaded(record))
         {
             reminders.push_back(record);
         }
@@ -122,7 +115,7 @@ CcvReminderData Store::Get(std::string_view key)
     {
         ThrowUnknown(key);
     }
-    if (!EnsureLoaded(*record))
+    if (!hosts::EnsureLoaded(*record))
     {
         CheckReadable(CString(kRemindersPath) + L"\\" + record->GetReminderKey());
         ThrowUnknown(key);
@@ -168,7 +161,7 @@ void Store::TakeBack(const CcvReminderData& reminder)
     CcvReminderData* const record = Find(reminder.GetReminderKey());
     if (record != nullptr)
     {
-        EnsureLoaded(*record);
+        hosts::EnsureLoaded(*record);
         CcvReminderData copy(*record);
         m_manager->DeleteReminder(&copy, true);
     }
@@ -225,10 +218,7 @@ bool Store::AwaitOutlook(const CTimeSpan& patience) const
 
 void Store::AbandonOutlook()
 {
-    // To destroy the collection is to wait for the worker without limit. It ends with the process, and then
-    // cannot take its mark away itself.
-    static_cast<void>(m_manager.release());
-    CcvReminderOptionUtilities::SetSynchronizeInProgress(false);
+    hosts::Abandon(std::move(m_manager));
 }
 
 } // namespace ts::console

@@ -1,13 +1,17 @@
 #include "Strings.h"
 
 #include "Errors.h"
-#include "Utf8.h"
+#include "hosts/common/Utf8.h"
 
 #include <algorithm>
 #include <charconv>
 
 namespace ts::console
 {
+
+using hosts::ToUtf8;
+using hosts::ToWide;
+
 namespace
 {
 

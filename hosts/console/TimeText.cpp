@@ -2,7 +2,7 @@
 
 #include "Errors.h"
 #include "Strings.h"
-#include "Utf8.h"
+#include "hosts/common/Utf8.h"
 
 #include <array>
 #include <charconv>
@@ -191,7 +191,7 @@ std::string LocaleText(int (*format)(const SYSTEMTIME&, wchar_t*, int), const SY
 {
     std::array<wchar_t, 128> buffer{};
     const int length = format(time, buffer.data(), static_cast<int>(buffer.size()));
-    return length > 1 ? ToUtf8({buffer.data(), static_cast<std::size_t>(length) - 1}) : std::string();
+    return length > 1 ? hosts::ToUtf8({buffer.data(), static_cast<std::size_t>(length) - 1}) : std::string();
 }
 
 int ShortDate(const SYSTEMTIME& time, wchar_t* buffer, int size)
@@ -327,12 +327,6 @@ std::string SpanText(CTimeSpan span)
         }
     }
     return seconds == 0 ? "none" : std::to_string(seconds) + (seconds == 1 ? " second" : " seconds");
-}
-
-bool IsCalendarTime(CTime time) noexcept
-{
-    std::tm local{};
-    return time != CTime() && time.GetLocalTm(&local) != nullptr;
 }
 
 } // namespace ts::console

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TsServiceUtilities.h"
+#include "hosts/common/ReminderTimes.h"
 
 #include <optional>
 #include <string>
@@ -30,7 +30,6 @@ namespace ts::console
 /// `2 weeks`, `15 minutes`, and seconds where nothing larger fits.
 [[nodiscard]] std::string SpanText(CTimeSpan span);
 
-/// Whether the time is one and has local calendar fields.
-[[nodiscard]] bool IsCalendarTime(CTime time) noexcept;
+using hosts::IsCalendarTime;
 
 } // namespace ts::console

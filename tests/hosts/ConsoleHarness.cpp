@@ -1,9 +1,9 @@
 #include "ConsoleHarness.h"
 
 #include "App.h"
-#include "RegistryHandle.h"
 #include "Strings.h"
 #include "TimeText.h"
+#include "hosts/common/RegistryHandle.h"
 
 #include <array>
 #include <cstring>
@@ -47,7 +47,7 @@ void DumpValues(HKEY key, const std::string& path, std::string& dump)
 
 void DumpKey(HKEY parent, const std::wstring& name, const std::string& path, std::string& dump)
 {
-    ts::console::RegistryHandle key;
+    ts::hosts::RegistryHandle key;
     if (key.Open(parent, name.c_str(), KEY_READ) != ERROR_SUCCESS)
     {
         return;

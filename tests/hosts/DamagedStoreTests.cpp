@@ -1,7 +1,7 @@
 #include "ConsoleHarness.h"
 #include "DisplayText.h"
-#include "RegistryHandle.h"
-#include "Utf8.h"
+#include "hosts/common/RegistryHandle.h"
+#include "hosts/common/Utf8.h"
 
 #include <random>
 
@@ -120,7 +120,7 @@ TEST_F(DamagedStore, TextsThatSteerATerminal_NeverReachItRaw)
     {
         WriteText("{x-0}", name, hostile);
     }
-    WriteText(ts::console::ToUtf8(L"{k\x1B\x9B}"), L"Subject", L"key");
+    WriteText(ts::hosts::ToUtf8(L"{k\x1B\x9B}"), L"Subject", L"key");
     for (const std::vector<std::string>& arguments : {std::vector<std::string>{"list"},
                                                       {"show", "{x-0}"},
                                                       {"list", "--json"},
@@ -133,7 +133,7 @@ TEST_F(DamagedStore, TextsThatSteerATerminal_NeverReachItRaw)
         // What remains printable after the line feeds are gone holds no control character.
         EXPECT_EQ(text, ts::console::Printable(text));
     }
-    EXPECT_EQ(ts::console::ToUtf8(hostile), SucceedJson({"show", "{x-0}"})["subject"]);
+    EXPECT_EQ(ts::hosts::ToUtf8(hostile), SucceedJson({"show", "{x-0}"})["subject"]);
 }
 
 TEST_F(DamagedStore, LoneSurrogates_AreReplacedInEveryOutput)
@@ -201,8 +201,8 @@ TEST_F(DamagedStore, StoreThatCannotBeRead_Fails)
 {
     // A deleted key answers every call with an error that is not "not found". The tests after this one go on
     // in another key of the sandbox, because the sandbox's own key has no handle that could be set again.
-    static ts::console::RegistryHandle rest;
-    ts::console::RegistryHandle dead;
+    static ts::hosts::RegistryHandle rest;
+    ts::hosts::RegistryHandle dead;
     for (const wchar_t* name : {L"Rest", L"Dead"})
     {
         ASSERT_EQ(ERROR_SUCCESS, RegSetKeyValueW(HKEY_CURRENT_USER, name, L"x", REG_SZ, nullptr, 0));

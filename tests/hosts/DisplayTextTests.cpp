@@ -1,12 +1,13 @@
 #include "DisplayText.h"
 
 #include "CharacterWidths.h"
-#include "Utf8.h"
+#include "hosts/common/Utf8.h"
 
 #include <gtest/gtest.h>
 #include <random>
 
 using namespace ts::console;
+using namespace ts::hosts;
 
 namespace
 {

@@ -1,13 +1,14 @@
-#include "DueWatch.h"
+#include "hosts/common/DueWatch.h"
 
 #include "Strings.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace
 {
 
-using ts::console::DueWatch;
+using ts::hosts::DueWatch;
 using Keys = std::vector<std::string>;
 
 constexpr std::int64_t kDay = 86'400;
@@ -106,6 +107,44 @@ TEST_F(DueWatchTest, Dismissed_IsNotTold)
     Add(L"a", 100).SetDismissed(true);
     EXPECT_EQ(-1, Next(0));
     EXPECT_EQ(Keys{}, Look(100));
+}
+
+TEST_F(DueWatchTest, StrayDismissedMark_MeansNothingOnARecurringReminder)
+{
+    CcvReminderData& reminder = Add(L"a", 100);
+    reminder.SetDismissed(true);
+    MakeDaily(reminder);
+    ASSERT_TRUE(reminder.IsDimissed());
+    EXPECT_EQ(100, Next(0));
+    EXPECT_EQ(Keys{"a"}, Look(100));
+}
+
+TEST_F(DueWatchTest, WithoutDueTime_IsDueOnlyWhenSnoozed)
+{
+    m_reminders.emplace_back(CString(L"a"));
+    EXPECT_EQ(Keys{}, Look(0));
+    EXPECT_EQ(-1, Next(0));
+    m_reminders.front().SetSnoozeTime(At(400) - CTime::GetCurrentTime());
+    EXPECT_LE(399, Next(0));
+    EXPECT_EQ(Keys{"a"}, Look(402));
+    EXPECT_EQ(-1, Next(402));
+}
+
+TEST_F(DueWatchTest, TimesOutOfAnyCalendar_AreTimes)
+{
+    constexpr std::int64_t kLimit = std::numeric_limits<std::int64_t>::max();
+    Add(L"far", 0).SetNextDueDate(CTime(kLimit));
+    Add(L"early", 0).SetNextDueDate(CTime(-kLimit));
+    EXPECT_EQ(Keys{"early"}, Look(0));
+    EXPECT_EQ(CTime(kLimit), DueWatch::NextTime(m_reminders, At(0)));
+}
+
+TEST_F(DueWatchTest, Forgetting_TellsAllAgain)
+{
+    Add(L"a", 100);
+    EXPECT_EQ(Keys{"a"}, Look(100));
+    m_watch.Forget();
+    EXPECT_EQ(Keys{"a"}, Look(101));
 }
 
 TEST_F(DueWatchTest, NewDueTimeThatIsPast_IsTold)

@@ -1,6 +1,6 @@
 #include "ConsoleHarness.h"
-#include "RegistryHandle.h"
 #include "Strings.h"
+#include "hosts/common/RegistryHandle.h"
 
 #include <cstring>
 

@@ -1,9 +1,9 @@
-#include "Utf8.h"
+#include "hosts/common/Utf8.h"
 
 #include <gtest/gtest.h>
 #include <random>
 
-using namespace ts::console;
+using namespace ts::hosts;
 
 namespace
 {

@@ -1,6 +1,6 @@
-#include "Utf8.h"
+#include "hosts/common/Utf8.h"
 
-namespace ts::console
+namespace ts::hosts
 {
 namespace
 {
@@ -134,4 +134,4 @@ std::wstring ToWide(std::string_view text)
     return result;
 }
 
-} // namespace ts::console
+} // namespace ts::hosts

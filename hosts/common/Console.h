@@ -8,7 +8,7 @@
 #include <vector>
 
 /// The process's command line and standard handles.
-namespace ts::console
+namespace ts::hosts
 {
 
 /// The arguments after the program's name, in UTF-8.
@@ -35,4 +35,4 @@ class StandardBuffer : public std::stringbuf
     DWORD m_standardHandle;
 };
 
-} // namespace ts::console
+} // namespace ts::hosts

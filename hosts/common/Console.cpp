@@ -1,6 +1,6 @@
-#include "Console.h"
+#include "hosts/common/Console.h"
 
-#include "Utf8.h"
+#include "hosts/common/Utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -8,7 +8,7 @@
 #include <memory>
 #include <shellapi.h>
 
-namespace ts::console
+namespace ts::hosts
 {
 namespace
 {
@@ -115,4 +115,4 @@ int StandardBuffer::sync()
     return WriteText(m_standardHandle, text) ? 0 : -1;
 }
 
-} // namespace ts::console
+} // namespace ts::hosts

@@ -2,7 +2,7 @@
 
 #include "TsServiceUtilities.h"
 
-namespace ts::console
+namespace ts::hosts
 {
 
 /// Owns an open registry key.
@@ -20,10 +20,18 @@ class RegistryHandle
         }
     }
 
-    /// Opens the existing key at `path` below `parent`; to be called once. The system's error code.
+    /// Opens the existing key at `path` below `parent`; this or Create is to be called once. The system's
+    /// error code.
     [[nodiscard]] LSTATUS Open(HKEY parent, const wchar_t* path, REGSAM access) noexcept
     {
         return RegOpenKeyExW(parent, path, 0, access, &m_key);
+    }
+
+    /// The same, and creates it with its parents when it is missing.
+    [[nodiscard]] LSTATUS Create(HKEY parent, const wchar_t* path, REGSAM access) noexcept
+    {
+        return RegCreateKeyExW(parent, path, 0, nullptr, REG_OPTION_NON_VOLATILE, access, nullptr, &m_key,
+                               nullptr);
     }
 
     [[nodiscard]] HKEY Get() const noexcept { return m_key; }
@@ -32,4 +40,4 @@ class RegistryHandle
     HKEY m_key = nullptr;
 };
 
-} // namespace ts::console
+} // namespace ts::hosts

@@ -4,7 +4,7 @@
 #include <string_view>
 
 /// Conversions that never fail: what is no valid text becomes U+FFFD.
-namespace ts::console
+namespace ts::hosts
 {
 
 inline constexpr char32_t kReplacement = 0xFFFD;
@@ -19,4 +19,4 @@ inline constexpr char32_t kReplacement = 0xFFFD;
 /// Appends the character as UTF-8. It is a scalar value.
 void AppendUtf8(std::string& text, char32_t character);
 
-} // namespace ts::console
+} // namespace ts::hosts

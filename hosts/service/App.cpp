@@ -1,0 +1,169 @@
+#include "App.h"
+
+#include "LogOnEntry.h"
+#include "ReminderService.h"
+#include "SingleInstance.h"
+#include "hosts/common/Errors.h"
+
+#include <CLI/CLI.hpp>
+
+namespace ts::service
+{
+namespace
+{
+
+using enum hosts::ExitCode;
+
+/// The running service may be waiting for Outlook when it ends.
+constexpr DWORD kStopPatience = 20'000;
+constexpr DWORD kStartPatience = 20'000;
+constexpr DWORD kStartInterval = 50;
+
+struct Options
+{
+    bool install = false;
+    bool uninstall = false;
+    bool stop = false;
+};
+
+void Declare(CLI::App& app, Options& options)
+{
+    app.name("TessalyReminderService");
+    app.allow_windows_style_options(false);
+    app.set_version_flag("--version", std::string("TessalyReminderService " TS_VERSION));
+    CLI::Option* const install =
+        app.add_flag("--install", options.install, "Start the service whenever you log on");
+    CLI::Option* const uninstall =
+        app.add_flag("--uninstall", options.uninstall, "Start it no more when you log on");
+    CLI::Option* const stop = app.add_flag("--stop", options.stop, "End the service that runs");
+    install->excludes(uninstall)->excludes(stop);
+    // It is ended before it is uninstalled, if both are wanted.
+    app.footer("Without an option it shows an alert whenever a reminder becomes due, until you log off. When "
+               "it\nruns already, that one shows what is due.");
+}
+
+void Install(std::ostream& out)
+{
+    WriteLogOnEntry(OwnPath());
+    out << "The reminder service starts whenever you log on.\n";
+}
+
+void Uninstall(std::ostream& out)
+{
+    out << (RemoveLogOnEntry() ? "The reminder service starts no more when you log on.\n"
+                               : "The reminder service was not installed.\n");
+}
+
+void Stop(std::ostream& out)
+{
+    const HWND service = FindRunningService();
+    if (service == nullptr)
+    {
+        out << "No reminder service runs.\n";
+        return;
+    }
+    if (!StopService(service, kStopPatience))
+    {
+        throw hosts::OperationError("the reminder service does not end");
+    }
+    out << "The reminder service has ended.\n";
+}
+
+/// Becomes the only service. False when there is one, which was asked to show what is due.
+bool BecomeService(SingleInstance& instance)
+{
+    const ULONGLONG begin = GetTickCount64();
+    // The other one may be starting or ending and have no window.
+    while (!instance.Acquire(kStartInterval))
+    {
+        const HWND other = FindRunningService();
+        if (other != nullptr)
+        {
+            AskToShow(other);
+            return false;
+        }
+        if (GetTickCount64() - begin > kStartPatience)
+        {
+            throw hosts::OperationError("another reminder service runs and does not answer");
+        }
+    }
+    return true;
+}
+
+void Serve()
+{
+    SingleInstance instance;
+    if (BecomeService(instance))
+    {
+        ReminderService service;
+        service.Run();
+    }
+}
+
+void Execute(const Options& options, std::ostream& out)
+{
+    if (options.install)
+    {
+        Install(out);
+    }
+    if (options.stop)
+    {
+        Stop(out);
+    }
+    if (options.uninstall)
+    {
+        Uninstall(out);
+    }
+    if (!options.install && !options.stop && !options.uninstall)
+    {
+        Serve();
+    }
+}
+
+int Fail(std::ostream& err, const std::string& reason, hosts::ExitCode code)
+{
+    err << "TessalyReminderService: " << reason << "\n";
+    return code;
+}
+
+/// Help and version are exceptions of the parser, too.
+int AnswerParser(const CLI::App& app, const CLI::ParseError& error, std::ostream& out, std::ostream& err)
+{
+    if (error.get_name() == "CallForHelp")
+    {
+        out << app.help() << "\n";
+        return kDone;
+    }
+    if (error.get_name() == "CallForVersion")
+    {
+        out << error.what() << "\n";
+        return kDone;
+    }
+    return Fail(err, std::string(error.what()) + " (see TessalyReminderService --help)", kWrongUse);
+}
+
+} // namespace
+
+int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err)
+{
+    CLI::App app("Shows reminders of topics in map documents when they become due.");
+    Options options;
+    Declare(app, options);
+    try
+    {
+        // The parser takes its arguments from the back.
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        Execute(options, out);
+        return kDone;
+    }
+    catch (const CLI::ParseError& error)
+    {
+        return AnswerParser(app, error, out, err);
+    }
+    catch (const std::exception& error)
+    {
+        return Fail(err, error.what(), kFailed);
+    }
+}
+
+} // namespace ts::service
