@@ -49,7 +49,7 @@ struct CRuntimeClass
 };
 
 /// Base of classes that carry a run-time class record.
-class CObject
+class TS_API CObject
 {
   public:
     [[nodiscard]] virtual const CRuntimeClass* GetRuntimeClass() const;

@@ -74,7 +74,7 @@ struct DeviceContext
 
 inline constexpr AFX_MSGMAP_ENTRY kEnd{};
 
-[[nodiscard]] CWnd* WindowOf(WPARAM handle);
+[[nodiscard]] TS_API CWnd* WindowOf(WPARAM handle);
 
 inline std::tuple<> Nothing(AFX_CALL&)
 {
