@@ -9,7 +9,7 @@ export TS_WINEPREFIX=$prefix
 
 help() {
   cat <<'END'
-./run.sh                    shows the main job on sample reminders
+./run.sh                    shows the main job on sample reminders, in the console and in windows
 ./run.sh reminders ARGS...  runs the console host on the user's reminders, with its exit code
 ./run.sh --help             shows this
 
@@ -62,11 +62,21 @@ demonstrate() {
   show reminders snooze "$contract" 2h
   show reminders dismiss "$team"
   show reminders list --at "$now"
+  show_windows
 }
 
+# The service and the application. Only on a display do they use the reminders of this prefix.
+show_windows() {
+  printf '\n'
+  [[ -z ${DISPLAY-} ]] || use_display
+  "$ts_root/tools/show-windows"
+}
+
+target=reminders
 case ${1-} in
 '')
   command=demonstrate
+  target=programs
   ;;
 reminders)
   command=reminders
@@ -82,7 +92,7 @@ reminders)
 esac
 
 ts_exit_on_signals
-ts_set_up reminders
+ts_set_up "$target"
 trap 'ts_await_wine "$prefix"' EXIT
 if [[ $command == reminders ]]; then
   if [[ -n ${DISPLAY-} && " $* " == *' --dialog '* ]]; then
