@@ -9,10 +9,6 @@
 namespace ts
 {
 
-/// Posted to the application's main window to open a reminder's topic: lParam is the reminder's index in the
-/// collection, wParam 0.
-inline constexpr UINT kOpenReminderMessage = WM_APP + 121;
-
 /// Starts the application through COM.
 inline constexpr wchar_t kApplicationProgId[] = L"Tessaly.Application.25";
 /// Its automation interface, derived from IDispatch, with the property "Visible".

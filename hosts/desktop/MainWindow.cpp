@@ -13,8 +13,6 @@ namespace ts::desktop
 namespace
 {
 
-/// Posted by the library: the user wants to see the topic of the reminder with that index.
-constexpr UINT kOpenReminderMessage = WM_APP + 121;
 constexpr UINT kEndUnlessUsedMessage = WM_APP + 2;
 
 constexpr UINT_PTR kMinuteTimer = 1;
