@@ -115,6 +115,7 @@ void ReminderService::Reload()
 std::vector<CcvReminderData> ReminderService::LoadedReminders() const
 {
     std::vector<CcvReminderData> reminders;
+    reminders.reserve(static_cast<std::size_t>(m_manager->GetRemindersCount()));
     for (int index = 0; index < m_manager->GetRemindersCount(); ++index)
     {
         reminders.push_back(*m_manager->GetReminderByIndex(index));
