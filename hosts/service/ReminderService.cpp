@@ -56,13 +56,14 @@ bool ReminderService::Work()
     HandleMessages();
     // An alert that was closed has changed what is due, or was not meant to be closed by what came late.
     m_mustLook = m_alert->Release() || m_mustLook;
-    if (!m_ends && (m_mustReload || m_mustLook))
+    // Opening the alert may let further changes of other processes through.
+    while (!m_ends && (m_mustReload || m_mustLook))
     {
         Look();
-    }
-    if (std::exchange(m_mustBringToFront, false))
-    {
-        m_alert->BringToFront();
+        if (std::exchange(m_mustBringToFront, false))
+        {
+            m_alert->BringToFront();
+        }
     }
     return !m_ends;
 }

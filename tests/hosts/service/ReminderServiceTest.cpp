@@ -324,6 +324,34 @@ TEST_F(ServiceTest, AlertThatCannotBeShown_IsTriedAgain)
     EXPECT_EQ(-1, WakeTime());
 }
 
+std::function<void()>* g_onDialog = nullptr;
+
+LRESULT CALLBACK TellOfDialog(int code, WPARAM wParam, LPARAM lParam) noexcept
+{
+    if (code == HCBT_CREATEWND && ClassOf(std::bit_cast<HWND>(wParam)) == L"#32770")
+    {
+        (*std::exchange(g_onDialog, nullptr))();
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+TEST_F(ServiceTest, ChangeWhileTheAlertOpens_IsFollowed)
+{
+    m_store.Add(L"a", At(0));
+    std::function<void()> change = [this]
+    {
+        m_store.Add(L"b", At(0));
+        m_store.Add(L"c", At(50));
+        SendMessageW(ServiceWindow(), ts::kSynchronizationMessage, 0, 0);
+    };
+    g_onDialog = &change;
+    const ts::WindowsHook hook = ts::HookThisThread(WH_CBT, TellOfDialog);
+    Start();
+    EXPECT_EQ(nullptr, g_onDialog);
+    EXPECT_EQ((Texts{L"a", L"b"}), Subjects());
+    EXPECT_EQ(50, WakeTime());
+}
+
 TEST_F(ServiceTest, Close_EndsItAndDismissesNothing)
 {
     const int once = m_store.Add(L"a", At(0));

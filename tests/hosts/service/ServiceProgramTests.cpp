@@ -112,7 +112,7 @@ TEST_F(ServiceProgramTest, OutlookThatHangs_LetsTheServiceEnd)
     Add(Now() - CTimeSpan(60), L"--daily 1");
     ASSERT_TRUE(outlook.WaitUntilEnded());
     ts::standin::Faults faults;
-    faults.delayPerCall = std::chrono::seconds(12);
+    faults.delayPerCall = std::chrono::seconds(8);
     outlook.SetFaults(faults);
     ServiceProcess service;
     ASSERT_TRUE(service.Alerts());
@@ -122,6 +122,16 @@ TEST_F(ServiceProgramTest, OutlookThatHangs_LetsTheServiceEnd)
     EXPECT_EQ(0u, service.Stop());
     EXPECT_GE(GetTickCount64() - begin, 3'000u);
     EXPECT_LT(GetTickCount64() - begin, 10'000u);
+}
+
+TEST_F(ServiceProgramTest, ServiceBesideAWatch_IsTheOneThatIsTold)
+{
+    const Program watch(L"watch");
+    ASSERT_TRUE(WaitUntil([] { return FindWindowW(ts::kServiceWindowClass, nullptr) != nullptr; }));
+    const ServiceProcess service;
+    EXPECT_EQ(ServiceProcess::Window(), FindWindowW(ts::kServiceWindowClass, nullptr));
+    Add(Now() - CTimeSpan(60));
+    EXPECT_TRUE(service.Alerts());
 }
 
 TEST_F(ServiceProgramTest, SecondStart_EndsAndLeavesTheFirst)
