@@ -31,15 +31,12 @@ void Declare(CLI::App& app, Options& options)
     app.name("TessalyReminderService");
     app.allow_windows_style_options(false);
     app.set_version_flag("--version", std::string("TessalyReminderService " TS_VERSION));
-    CLI::Option* const install =
-        app.add_flag("--install", options.install, "Start the service whenever you log on");
-    CLI::Option* const uninstall =
-        app.add_flag("--uninstall", options.uninstall, "Start it no more when you log on");
-    CLI::Option* const stop = app.add_flag("--stop", options.stop, "End the service that runs");
-    install->excludes(uninstall)->excludes(stop);
-    // It is ended before it is uninstalled, if both are wanted.
+    app.add_flag("--install", options.install, "Start the service whenever you log on");
+    app.add_flag("--uninstall", options.uninstall, "Start it no more when you log on");
+    app.add_flag("--stop", options.stop, "End the service that runs");
     app.footer("Without an option it shows an alert whenever a reminder becomes due, until you log off. When "
-               "it\nruns already, that one shows what is due.");
+               "it\nruns already, that one shows what is due.\n\nExample:\n  TessalyReminderService --stop "
+               "--uninstall");
 }
 
 void Install(std::ostream& out)
@@ -102,6 +99,10 @@ void Serve()
 
 void Execute(const Options& options, std::ostream& out)
 {
+    if (options.install && (options.uninstall || options.stop))
+    {
+        throw hosts::UsageError("--install goes with no other option");
+    }
     if (options.install)
     {
         Install(out);
@@ -159,6 +160,10 @@ int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostre
     catch (const CLI::ParseError& error)
     {
         return AnswerParser(app, error, out, err);
+    }
+    catch (const hosts::UsageError& error)
+    {
+        return Fail(err, error.what(), kWrongUse);
     }
     catch (const std::exception& error)
     {

@@ -56,13 +56,14 @@ bool ReminderService::Work()
     HandleMessages();
     // An alert that was closed has changed what is due, or was not meant to be closed by what came late.
     m_mustLook = m_alert->Release() || m_mustLook;
-    if (!m_ends && (m_mustReload || m_mustLook))
+    // Opening the alert may let further changes of other processes through.
+    while (!m_ends && (m_mustReload || m_mustLook))
     {
         Look();
-    }
-    if (std::exchange(m_mustBringToFront, false))
-    {
-        m_alert->BringToFront();
+        if (std::exchange(m_mustBringToFront, false))
+        {
+            m_alert->BringToFront();
+        }
     }
     return !m_ends;
 }
@@ -115,6 +116,7 @@ void ReminderService::Reload()
 std::vector<CcvReminderData> ReminderService::LoadedReminders() const
 {
     std::vector<CcvReminderData> reminders;
+    reminders.reserve(static_cast<std::size_t>(m_manager->GetRemindersCount()));
     for (int index = 0; index < m_manager->GetRemindersCount(); ++index)
     {
         reminders.push_back(*m_manager->GetReminderByIndex(index));

@@ -15,11 +15,11 @@ inline std::wstring TestFolder()
     return test.substr(0, test.find_last_of(L'\\') + 1);
 }
 
-/// A process of the console's program, with its output in a pipe.
+/// A process of a program, by default of the console's, with its output in a pipe.
 class Program
 {
   public:
-    explicit Program(const std::wstring& arguments)
+    explicit Program(const std::wstring& arguments, const std::wstring& name = L"reminders.exe")
     {
         SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
         HANDLE reading = nullptr;
@@ -33,10 +33,10 @@ class Program
         startup.dwFlags = STARTF_USESTDHANDLES;
         startup.hStdOutput = writing;
         startup.hStdError = writing;
-        std::wstring commandLine = L"reminders.exe " + arguments;
+        std::wstring commandLine = name + L" " + arguments;
         PROCESS_INFORMATION process{};
-        EXPECT_TRUE(CreateProcessW((TestFolder() + L"reminders.exe").c_str(), commandLine.data(), nullptr,
-                                   nullptr, TRUE, 0, nullptr, nullptr, &startup, &process));
+        EXPECT_TRUE(CreateProcessW((TestFolder() + name).c_str(), commandLine.data(), nullptr, nullptr, TRUE,
+                                   0, nullptr, nullptr, &startup, &process));
         m_process.reset(process.hProcess);
         CloseHandle(process.hThread);
     }
@@ -44,6 +44,24 @@ class Program
     Program& operator=(const Program&) = delete;
     /// A process that did not end would keep the tests from ending.
     ~Program() { TerminateProcess(m_process.get(), 1); }
+
+    [[nodiscard]] DWORD ProcessId() const { return GetProcessId(m_process.get()); }
+    [[nodiscard]] bool IsRunning() const { return WaitForSingleObject(m_process.get(), 0) == WAIT_TIMEOUT; }
+    void Kill() { TerminateProcess(m_process.get(), 1); }
+
+    /// All that it writes until it ends.
+    std::string ReadAll()
+    {
+        std::string text;
+        std::array<char, 1024> part{};
+        DWORD read = 0;
+        while (ReadFile(m_reading.get(), part.data(), static_cast<DWORD>(part.size()), &read, nullptr) &&
+               read > 0)
+        {
+            text.append(part.data(), read);
+        }
+        return text;
+    }
 
     /// Waits for a line.
     std::string ReadLine()

@@ -1,5 +1,6 @@
 #include "tests/hosts/service/ServiceTest.h"
 
+#include "platform/WindowsHook.h"
 #include "tests/support/HandleCount.h"
 
 namespace
@@ -70,6 +71,25 @@ TEST_F(ServiceTest, Escape_DismissesAndClosesAndDestroys)
     EXPECT_TRUE(m_store.Load(once)->IsDimissed());
     EXPECT_EQ(At(kSecondsPerDay), NextDue(daily));
     EXPECT_EQ(kSecondsPerDay, WakeTime());
+}
+
+TEST_F(ServiceTest, ClosedAlert_IsDestroyedWithWhatItHolds)
+{
+    std::size_t before = 0;
+    // What the first alert of a process leaves for the next ones does not count.
+    for (int service = 0; service < 2; ++service)
+    {
+        m_service.reset();
+        m_clock.Set(At(0));
+        const int once = m_store.Add(L"a", At(100));
+        Start();
+        before = GdiObjectCount();
+        WakeNext();
+        EXPECT_LT(before, GdiObjectCount());
+        Press(VK_ESCAPE);
+        m_store.Remove(once);
+    }
+    EXPECT_EQ(before, GdiObjectCount());
 }
 
 TEST_F(ServiceTest, Keys_WalkAndPressButtons)
@@ -273,6 +293,63 @@ TEST_F(ServiceTest, FarTimes_AreWaitedFor)
     Start();
     EXPECT_EQ(CTime(kLimit), m_service->GetWakeTime());
     EXPECT_FALSE(IsOpen());
+}
+
+LRESULT CALLBACK RefuseDialogs(int code, WPARAM wParam, LPARAM lParam) noexcept
+{
+    if (code == HCBT_CREATEWND && ClassOf(std::bit_cast<HWND>(wParam)) == L"#32770")
+    {
+        return 1;
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+TEST_F(ServiceTest, AlertThatCannotBeShown_IsTriedAgain)
+{
+    m_store.Add(L"a", At(0));
+    {
+        const ts::WindowsHook refusal = ts::HookThisThread(WH_CBT, RefuseDialogs);
+        Start();
+        EXPECT_FALSE(IsOpen());
+        EXPECT_EQ(60, WakeTime());
+        const int sooner = m_store.Add(L"sooner", At(20));
+        Post(ts::kSynchronizationMessage);
+        EXPECT_EQ(20, WakeTime());
+        m_store.Remove(sooner);
+        WakeAt(At(10));
+        EXPECT_EQ(70, WakeTime());
+    }
+    WakeNext();
+    EXPECT_EQ(Texts{L"a"}, Subjects());
+    EXPECT_EQ(-1, WakeTime());
+}
+
+std::function<void()>* g_onDialog = nullptr;
+
+LRESULT CALLBACK TellOfDialog(int code, WPARAM wParam, LPARAM lParam) noexcept
+{
+    if (code == HCBT_CREATEWND && ClassOf(std::bit_cast<HWND>(wParam)) == L"#32770")
+    {
+        (*std::exchange(g_onDialog, nullptr))();
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+TEST_F(ServiceTest, ChangeWhileTheAlertOpens_IsFollowed)
+{
+    m_store.Add(L"a", At(0));
+    std::function<void()> change = [this]
+    {
+        m_store.Add(L"b", At(0));
+        m_store.Add(L"c", At(50));
+        SendMessageW(ServiceWindow(), ts::kSynchronizationMessage, 0, 0);
+    };
+    g_onDialog = &change;
+    const ts::WindowsHook hook = ts::HookThisThread(WH_CBT, TellOfDialog);
+    Start();
+    EXPECT_EQ(nullptr, g_onDialog);
+    EXPECT_EQ((Texts{L"a", L"b"}), Subjects());
+    EXPECT_EQ(50, WakeTime());
 }
 
 TEST_F(ServiceTest, Close_EndsItAndDismissesNothing)
