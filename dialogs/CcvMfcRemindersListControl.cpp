@@ -181,6 +181,7 @@ void CcvMfcRemindersListControl::OnTimer(UINT_PTR id)
 
 void CcvMfcRemindersListControl::UpdateTimes()
 {
+    FollowCollection();
     const CTime now = CTime::GetCurrentTime();
     const bool added = m_filter == ReminderListFilter::Due && InsertNewlyDue(now);
     UpdateDueInTexts(now);
@@ -216,7 +217,8 @@ void CcvMfcRemindersListControl::UpdateDueInTexts(CTime now)
     const auto column = static_cast<int>(found - m_columns.begin());
     for (int row = 0; row < GetItemCount(); ++row)
     {
-        CcvReminderData* const reminder = GetReminder(row);
+        CcvReminderData* const reminder =
+            m_manager->GetReminderByIndex(FindCollectionIndex(row).value_or(-1));
         if (reminder != nullptr)
         {
             SetItemText(row, column, ts::DueInText(*reminder, now));

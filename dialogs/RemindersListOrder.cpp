@@ -36,6 +36,7 @@ void CcvMfcRemindersListControl::OnColumnClick(NMHDR* notification, LRESULT*)
 
 void CcvMfcRemindersListControl::SortRows()
 {
+    FollowCollection();
     const CTime now = CTime::GetCurrentTime();
     const int count = GetItemCount();
     std::vector<int> indices;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 
 namespace
 {
@@ -168,15 +169,17 @@ int CcvMfcRemindersListControl::FindInCollection(const CString& guid) const
     return -1;
 }
 
+bool CcvMfcRemindersListControl::IsAt(int collectionIndex, const Row& row) const
+{
+    const CcvReminderData* const reminder = m_manager->GetReminderByIndex(collectionIndex);
+    return reminder != nullptr && reminder->GetGuid() == row.guid;
+}
+
 CcvReminderData* CcvMfcRemindersListControl::FindReminder(int collectionIndex, const Row& row) const
 {
-    CcvReminderData* const reminder = m_manager->GetReminderByIndex(collectionIndex);
-    if (reminder != nullptr && reminder->GetGuid() == row.guid)
-    {
-        return reminder;
-    }
-    // The collection was loaded again since the last refresh, and has other reminders at other places.
-    return m_manager->GetReminderByIndex(FindInCollection(row.guid));
+    // A collection that was loaded again since the last refresh has other reminders at other places.
+    return m_manager->GetReminderByIndex(IsAt(collectionIndex, row) ? collectionIndex
+                                                                    : FindInCollection(row.guid));
 }
 
 CcvReminderData* CcvMfcRemindersListControl::GetReminder(int row) const
@@ -184,4 +187,56 @@ CcvReminderData* CcvMfcRemindersListControl::GetReminder(int row) const
     const std::optional<int> index = FindCollectionIndex(row);
     const auto found = index ? m_rows.find(*index) : m_rows.end();
     return found == m_rows.end() ? nullptr : FindReminder(found->first, found->second);
+}
+
+/// Gives the rows the present indices of their reminders, once the collection was loaded again. From then on,
+/// the record at a row's index is the row's, and there is none where the reminder vanished.
+void CcvMfcRemindersListControl::FollowCollection()
+{
+    const auto isCurrent = [this](const auto& entry) { return IsAt(entry.first, entry.second); };
+    if (std::all_of(m_rows.begin(), m_rows.end(), isCurrent))
+    {
+        return;
+    }
+    const std::unordered_map<int, int> newIndices = FindNewIndices();
+    for (int row = 0; row < GetItemCount(); ++row)
+    {
+        SetItemData(row, newIndices.at(static_cast<int>(GetItemData(row))));
+    }
+    std::unordered_map<int, Row> rows;
+    for (auto& [index, row] : m_rows)
+    {
+        rows.emplace(newIndices.at(index), std::move(row));
+    }
+    m_rows = std::move(rows);
+}
+
+/// By the indices that the rows have. Those whose reminder vanished count on behind the collection. Reminders
+/// of one topic, which cannot be told apart, keep their order.
+std::unordered_map<int, int> CcvMfcRemindersListControl::FindNewIndices() const
+{
+    // The last of a topic first, so that they are taken from the back.
+    std::unordered_map<std::wstring, std::vector<int>> byGuid;
+    for (int index = m_manager->GetRemindersCount() - 1; index >= 0; --index)
+    {
+        byGuid[m_manager->GetReminderByIndex(index)->GetGuid().GetString()].push_back(index);
+    }
+    std::vector<int> formerIndices;
+    for (const auto& entry : m_rows)
+    {
+        formerIndices.push_back(entry.first);
+    }
+    std::sort(formerIndices.begin(), formerIndices.end());
+    std::unordered_map<int, int> newIndices;
+    int vanished = m_manager->GetRemindersCount();
+    for (const int former : formerIndices)
+    {
+        std::vector<int>& places = byGuid[m_rows.at(former).guid.GetString()];
+        newIndices[former] = places.empty() ? vanished++ : places.back();
+        if (!places.empty())
+        {
+            places.pop_back();
+        }
+    }
+    return newIndices;
 }
