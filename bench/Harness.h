@@ -22,7 +22,7 @@ inline void Keep(std::int64_t value) noexcept
     asm volatile("" : : "r"(value) : "memory");
 }
 
-/// A pass over the part of the work with that index.
+/// A pass over a comparison's work, or over the share with that index where the work is cut into several.
 using Work = std::function<void(std::size_t part)>;
 
 struct Comparison

@@ -1,11 +1,8 @@
 #include "dialogs/CcvMfcRemindersListControl.h"
 
 #include "collection/CcvReminderDataCollectionManager.h"
-#include "dialogs/HostApplication.h"
 #include "dialogs/ListImages.h"
-#include "dialogs/ReminderOrder.h"
 #include "dialogs/ReminderTimes.h"
-#include "module/CcvReminderOptionUtilities.h"
 #include "module/LanguageText.h"
 #include "module/ResourceScope.h"
 #include "resources/PictureIds.h"
@@ -13,41 +10,12 @@
 
 #include <algorithm>
 #include <bit>
-#include <limits>
 
 namespace
 {
 
 constexpr UINT_PTR kMinuteTimer = 1001;
 constexpr UINT kMinuteMilliseconds = 60'000;
-constexpr UINT kSelectedAndFocused = LVIS_SELECTED | LVIS_FOCUSED;
-
-/// What a list view takes for "no image" here: there is nobody who answers its question for one.
-constexpr int kNoImage = -1;
-
-/// Nothing of a window is drawn while it lives.
-class DrawingLock
-{
-  public:
-    explicit DrawingLock(CWnd& window) noexcept { window.LockWindowUpdate(); }
-    DrawingLock(const DrawingLock&) = delete;
-    DrawingLock& operator=(const DrawingLock&) = delete;
-    ~DrawingLock() { CWnd::UnlockWindowUpdate(); }
-};
-
-/// A window neither draws nor moves its scroll bars while it lives; a list view does the latter for each row
-/// that is added, which costs more than all else.
-class RedrawPause
-{
-  public:
-    explicit RedrawPause(CWnd& window) noexcept : m_window(window) { m_window.SetRedraw(FALSE); }
-    RedrawPause(const RedrawPause&) = delete;
-    RedrawPause& operator=(const RedrawPause&) = delete;
-    ~RedrawPause() { m_window.SetRedraw(TRUE); }
-
-  private:
-    CWnd& m_window;
-};
 
 /// Stops the minute timer while it lives, so that the minute begins when the work of the last one is done.
 class TimerPause
@@ -61,18 +29,6 @@ class TimerPause
   private:
     CWnd& m_window;
 };
-
-std::wstring_view View(const CString& text)
-{
-    return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
-}
-
-/// `parameter` is the table of places by collection index.
-int CALLBACK ComparePlaces(LPARAM left, LPARAM right, LPARAM parameter) noexcept
-{
-    const auto* const places = std::bit_cast<const int*>(parameter);
-    return places[left] - places[right];
-}
 
 } // namespace
 
@@ -210,296 +166,6 @@ BOOL CcvMfcRemindersListControl::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT*
     return CListCtrl::OnNotify(wParam, lParam, result);
 }
 
-// --- Rows ---
-
-void CcvMfcRemindersListControl::Refresh()
-{
-    const DrawingLock lock(*this);
-    const CPoint scrolled(GetScrollPos(SB_HORZ), GetScrollPos(SB_VERT));
-    const int formerRow = GetSelectedIndex();
-    const Row* const former = FindRow(formerRow);
-    const CString formerGuid = former == nullptr ? CString() : former->guid;
-
-    const CTime now = CTime::GetCurrentTime();
-    FillRows(now);
-    const int row = FindRowToSelect(formerRow, formerGuid);
-    if (row >= 0)
-    {
-        SelectRow(row);
-        ScrollTo(scrolled);
-    }
-    m_lastRefresh = now;
-    NotifySelection(row);
-}
-
-void CcvMfcRemindersListControl::FillRows(CTime now)
-{
-    const RedrawPause pause(*this);
-    m_rows.clear();
-    DeleteAllItems();
-    for (int index = 0; index < m_manager->GetRemindersCount(); ++index)
-    {
-        CcvReminderData* const reminder = m_manager->GetReminderByIndex(index);
-        if (ts::IsListed(m_filter, *reminder, now))
-        {
-            InsertReminder(index, reminder, now);
-        }
-    }
-    SortRows();
-}
-
-int CcvMfcRemindersListControl::InsertReminder(int collectionIndex, CcvReminderData* reminder,
-                                               const CTime& now)
-{
-    Row data{reminder->GetGuid(), reminder->IsRecurrent(), reminder->GetSubject(),
-             reminder->GetDocumentTitle(), ts::FindStatus(*reminder, now)};
-    wchar_t noText[] = L"";
-    LVITEMW item{};
-    item.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
-    // At the end.
-    item.iItem = std::numeric_limits<int>::max();
-    item.pszText = noText;
-    item.iImage = data.isRecurrent ? 0 : kNoImage;
-    item.lParam = collectionIndex;
-    const int row = InsertItem(item);
-    if (row < 0)
-    {
-        return row;
-    }
-    for (int column = 0; column < static_cast<int>(m_columns.size()); ++column)
-    {
-        switch (m_columns[static_cast<std::size_t>(column)])
-        {
-        case ReminderColumn::Subject:
-            SetItemText(row, column, data.subject);
-            break;
-        case ReminderColumn::Document:
-            SetItemText(row, column, data.documentTitle);
-            break;
-        case ReminderColumn::DueIn:
-            SetItemText(row, column, ts::DueInText(*reminder, now));
-            break;
-        case ReminderColumn::Icon:
-            break;
-        }
-    }
-    m_rows.insert_or_assign(collectionIndex, std::move(data));
-    return row;
-}
-
-int CcvMfcRemindersListControl::FindRowToSelect(int formerRow, const CString& formerGuid) const
-{
-    const int count = GetItemCount();
-    if (formerRow < 0 || count == 0)
-    {
-        return count == 0 ? -1 : 0;
-    }
-    for (int row = 0; row < count; ++row)
-    {
-        const Row* const data = FindRow(row);
-        if (data != nullptr && data->guid == formerGuid)
-        {
-            return row;
-        }
-    }
-    return std::min(formerRow, count - 1);
-}
-
-void CcvMfcRemindersListControl::ScrollTo(CPoint position)
-{
-    CRect row;
-    GetItemRect(0, &row, LVIR_BOUNDS);
-    Scroll(CSize(position.x - GetScrollPos(SB_HORZ), (position.y - GetScrollPos(SB_VERT)) * row.Height()));
-}
-
-std::optional<int> CcvMfcRemindersListControl::FindCollectionIndex(int row) const
-{
-    LVITEMW item{};
-    item.mask = LVIF_PARAM;
-    item.iItem = row;
-    if (row < 0 || GetItem(&item) == FALSE)
-    {
-        return std::nullopt;
-    }
-    return static_cast<int>(item.lParam);
-}
-
-const CcvMfcRemindersListControl::Row* CcvMfcRemindersListControl::FindRow(int row) const
-{
-    const std::optional<int> index = FindCollectionIndex(row);
-    const auto found = index ? m_rows.find(*index) : m_rows.end();
-    return found == m_rows.end() ? nullptr : &found->second;
-}
-
-int CcvMfcRemindersListControl::FindInCollection(const CString& guid) const
-{
-    for (int index = 0; index < m_manager->GetRemindersCount(); ++index)
-    {
-        if (m_manager->GetReminderByIndex(index)->GetGuid() == guid)
-        {
-            return index;
-        }
-    }
-    return -1;
-}
-
-CcvReminderData* CcvMfcRemindersListControl::FindReminder(int collectionIndex, const Row& row) const
-{
-    CcvReminderData* const reminder = m_manager->GetReminderByIndex(collectionIndex);
-    if (reminder != nullptr && reminder->GetGuid() == row.guid)
-    {
-        return reminder;
-    }
-    // The collection was loaded again since the last refresh, and has other reminders at other places.
-    return m_manager->GetReminderByIndex(FindInCollection(row.guid));
-}
-
-CcvReminderData* CcvMfcRemindersListControl::GetReminder(int row) const
-{
-    const std::optional<int> index = FindCollectionIndex(row);
-    const auto found = index ? m_rows.find(*index) : m_rows.end();
-    return found == m_rows.end() ? nullptr : FindReminder(found->first, found->second);
-}
-
-// --- Selection ---
-
-int CcvMfcRemindersListControl::GetSelectedIndex() const
-{
-    return GetNextItem(-1, LVNI_SELECTED);
-}
-
-CcvReminderData* CcvMfcRemindersListControl::GetSelectedReminder() const
-{
-    return GetReminder(GetSelectedIndex());
-}
-
-void CcvMfcRemindersListControl::SelectRow(int row)
-{
-    const int former = GetSelectedIndex();
-    if (row == former)
-    {
-        return;
-    }
-    if (former >= 0)
-    {
-        SetItemState(former, 0, kSelectedAndFocused);
-    }
-    if (row >= 0)
-    {
-        SetItemState(row, kSelectedAndFocused, kSelectedAndFocused);
-    }
-    NotifySelection(row);
-}
-
-void CcvMfcRemindersListControl::NotifySelection(int row)
-{
-    ::SendMessageW(::GetParent(m_hWnd), WM_REMINDER_SELCHANGED, 0, row);
-}
-
-void CcvMfcRemindersListControl::NotifyChangedSelection(int formerRow)
-{
-    const int row = GetSelectedIndex();
-    if (row != formerRow)
-    {
-        NotifySelection(row);
-    }
-}
-
-void CcvMfcRemindersListControl::OnKeyDown(UINT key, UINT, UINT)
-{
-    const int former = GetSelectedIndex();
-    const int last = GetItemCount() - 1;
-    const int first = std::min(0, last);
-    int row = former;
-    switch (key)
-    {
-    case VK_PRIOR:
-    case VK_HOME:
-        row = first;
-        break;
-    case VK_NEXT:
-    case VK_END:
-        row = last;
-        break;
-    case VK_UP:
-        row = std::max(former - 1, first);
-        break;
-    case VK_DOWN:
-        row = std::min(former + 1, last);
-        break;
-    default:
-        break;
-    }
-    if (row != former)
-    {
-        SelectRow(row);
-        EnsureVisible(row, FALSE);
-        NotifySelection(row);
-    }
-}
-
-void CcvMfcRemindersListControl::OnLButtonDown(UINT flags, CPoint point)
-{
-    const int former = GetSelectedIndex();
-    CListCtrl::OnLButtonDown(flags, point);
-    NotifyChangedSelection(former);
-}
-
-void CcvMfcRemindersListControl::OnLButtonDblClk(UINT flags, CPoint point)
-{
-    const int former = GetSelectedIndex();
-    CListCtrl::OnLButtonDblClk(flags, point);
-    NotifyChangedSelection(former);
-    OpenReminder(GetSelectedIndex());
-}
-
-LRESULT CcvMfcRemindersListControl::OnRButtonDown(WPARAM, LPARAM)
-{
-    const int former = GetSelectedIndex();
-    const LRESULT result = Default();
-    NotifyChangedSelection(former);
-    return result;
-}
-
-// --- Order ---
-
-void CcvMfcRemindersListControl::OnColumnClick(NMHDR* notification, LRESULT*)
-{
-    const auto column = static_cast<std::size_t>(std::bit_cast<const NMLISTVIEW*>(notification)->iSubItem);
-    if (column < m_columns.size())
-    {
-        m_ascending = m_columns[column] != m_sortColumn || !m_ascending;
-        m_sortColumn = m_columns[column];
-        SortRows();
-    }
-}
-
-void CcvMfcRemindersListControl::SortRows()
-{
-    const CTime now = CTime::GetCurrentTime();
-    const int count = GetItemCount();
-    std::vector<int> indices;
-    std::vector<ts::ReminderSortKey> keys;
-    int largestIndex = 0;
-    for (int row = 0; row < count; ++row)
-    {
-        const int index = FindCollectionIndex(row).value_or(0);
-        const Row& data = m_rows[index];
-        CcvReminderData* const reminder = m_manager->GetReminderByIndex(index);
-        keys.push_back({data.isRecurrent, View(data.subject), View(data.documentTitle),
-                        reminder == nullptr ? std::nullopt : ts::FindDueTime(*reminder, now)});
-        indices.push_back(index);
-        largestIndex = std::max(largestIndex, index);
-    }
-    const std::vector<int> places = ts::SortedPlaces(keys, m_sortColumn, m_ascending);
-    std::vector<int> placesByIndex(static_cast<std::size_t>(largestIndex) + 1);
-    for (std::size_t row = 0; row < places.size(); ++row)
-    {
-        placesByIndex[static_cast<std::size_t>(indices[row])] = places[row];
-    }
-    SortItems(ComparePlaces, std::bit_cast<LPARAM>(placesByIndex.data()));
-}
-
 // --- Each minute ---
 
 void CcvMfcRemindersListControl::OnTimer(UINT_PTR id)
@@ -515,6 +181,7 @@ void CcvMfcRemindersListControl::OnTimer(UINT_PTR id)
 
 void CcvMfcRemindersListControl::UpdateTimes()
 {
+    FollowCollection();
     const CTime now = CTime::GetCurrentTime();
     const bool added = m_filter == ReminderListFilter::Due && InsertNewlyDue(now);
     UpdateDueInTexts(now);
@@ -550,81 +217,11 @@ void CcvMfcRemindersListControl::UpdateDueInTexts(CTime now)
     const auto column = static_cast<int>(found - m_columns.begin());
     for (int row = 0; row < GetItemCount(); ++row)
     {
-        CcvReminderData* const reminder = GetReminder(row);
+        CcvReminderData* const reminder =
+            m_manager->GetReminderByIndex(FindCollectionIndex(row).value_or(-1));
         if (reminder != nullptr)
         {
             SetItemText(row, column, ts::DueInText(*reminder, now));
         }
-    }
-}
-
-// --- Actions ---
-
-void CcvMfcRemindersListControl::OpenReminder(int row)
-{
-    const Row* const data = FindRow(row);
-    if (data == nullptr)
-    {
-        return;
-    }
-    // Rows and reminders may be others when the application has started.
-    const CString guid = data->guid;
-    const HWND list = m_hWnd;
-    const ts::HostApplication application(*this);
-    if (IsWindow(list) == FALSE)
-    {
-        return;
-    }
-    if (application.GetMainWindow() == nullptr)
-    {
-        MessageBoxW(list, ts::LoadText(IDS_HOST_NOT_AVAILABLE), ts::LoadText(IDS_MESSAGE_CAPTION),
-                    MB_ICONEXCLAMATION);
-        ::SetForegroundWindow(::GetParent(list));
-        return;
-    }
-    application.Show();
-    const int index = FindInCollection(guid);
-    if (index >= 0)
-    {
-        application.PostOpenReminder(index);
-    }
-}
-
-void CcvMfcRemindersListControl::DismissReminder(int row)
-{
-    CcvReminderData* const reminder = GetReminder(row);
-    if (reminder != nullptr)
-    {
-        m_manager->DismissReminder(reminder);
-    }
-}
-
-void CcvMfcRemindersListControl::EndReminder(int row)
-{
-    CcvReminderData* const reminder = GetReminder(row);
-    if (reminder != nullptr)
-    {
-        m_manager->EndReminder(reminder);
-    }
-}
-
-void CcvMfcRemindersListControl::SnoozeReminder(int row, const CTimeSpan& span)
-{
-    CcvReminderData* const reminder = GetReminder(row);
-    if (reminder != nullptr)
-    {
-        m_manager->SnoozeReminder(reminder, span);
-    }
-}
-
-void CcvMfcRemindersListControl::ModifyReminder(int row, const CcvReminderData& edited)
-{
-    const CcvReminderData* const reminder = GetReminder(row);
-    if (reminder != nullptr)
-    {
-        CcvReminderData changed(*reminder);
-        CcvReminderData source(edited);
-        changed.CopyData(&source);
-        m_manager->ModifyReminder(&changed, CcvReminderOptionUtilities::GetSynchronizeOutlookAppointments());
     }
 }

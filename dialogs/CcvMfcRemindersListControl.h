@@ -21,8 +21,9 @@ inline constexpr UINT WM_REMINDER_SELCHANGED = 1165;
 /// with the styles LVS_REPORT, LVS_OWNERDRAWFIXED and LVS_SINGLESEL.
 ///
 /// A row knows its reminder's index in the collection and its GUID, never a record: records are freed when
-/// the collection is loaded again, and each change through the collection may cause that before it returns. A
-/// row whose reminder vanished is left as it is until the next refresh; actions on it do nothing.
+/// the collection is loaded again, and each change through the collection may cause that before it returns.
+/// Rows are given their reminders' new indices when the list is sorted, and each minute. A row whose reminder
+/// vanished is left until the next refresh; actions on it do nothing, and it is sorted as without a due time.
 class CcvMfcRemindersListControl : public CListCtrl
 {
   public:
@@ -106,6 +107,9 @@ class CcvMfcRemindersListControl : public CListCtrl
     [[nodiscard]] const Row* FindRow(int row) const;
     [[nodiscard]] CcvReminderData* FindReminder(int collectionIndex, const Row& row) const;
     [[nodiscard]] int FindInCollection(const CString& guid) const;
+    [[nodiscard]] bool IsAt(int collectionIndex, const Row& row) const;
+    void FollowCollection();
+    [[nodiscard]] std::unordered_map<int, int> FindNewIndices() const;
     [[nodiscard]] bool IsColumn(int column, ReminderColumn kind) const;
 
     void InsertColumns(unsigned columnMask);

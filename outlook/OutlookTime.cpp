@@ -4,19 +4,11 @@
 
 SYSTEMTIME ts::ToLocalTime(const CTime& timeUtc)
 {
-    std::tm fields;
-    if (timeUtc.GetLocalTm(&fields) == nullptr)
+    SYSTEMTIME local;
+    if (!timeUtc.GetAsSystemTime(local))
     {
         throw CcvComException(E_INVALIDARG);
     }
-    SYSTEMTIME local{};
-    local.wYear = static_cast<WORD>(fields.tm_year + 1900);
-    local.wMonth = static_cast<WORD>(fields.tm_mon + 1);
-    local.wDayOfWeek = static_cast<WORD>(fields.tm_wday);
-    local.wDay = static_cast<WORD>(fields.tm_mday);
-    local.wHour = static_cast<WORD>(fields.tm_hour);
-    local.wMinute = static_cast<WORD>(fields.tm_min);
-    local.wSecond = static_cast<WORD>(fields.tm_sec);
     return local;
 }
 

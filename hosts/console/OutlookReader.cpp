@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cstdio>
-#include <ctime>
 #include <vector>
 
 namespace ts::console
@@ -181,18 +180,11 @@ bool HasOccurrence(const OutlookObject& appointment, DATE time)
 
 DATE OutlookDate(const CTime& time)
 {
-    std::tm local{};
-    SYSTEMTIME fields{};
+    SYSTEMTIME local;
     DATE date = 0;
-    if (time.GetLocalTm(&local) != nullptr)
+    if (time.GetAsSystemTime(local))
     {
-        fields.wYear = static_cast<WORD>(local.tm_year + 1900);
-        fields.wMonth = static_cast<WORD>(local.tm_mon + 1);
-        fields.wDay = static_cast<WORD>(local.tm_mday);
-        fields.wHour = static_cast<WORD>(local.tm_hour);
-        fields.wMinute = static_cast<WORD>(local.tm_min);
-        fields.wSecond = static_cast<WORD>(local.tm_sec);
-        SystemTimeToVariantTime(&fields, &date);
+        SystemTimeToVariantTime(&local, &date);
     }
     return date;
 }

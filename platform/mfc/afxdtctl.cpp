@@ -7,29 +7,6 @@
 
 IMPLEMENT_DYNAMIC(CDateTimeCtrl, CWnd)
 
-namespace
-{
-
-std::optional<SYSTEMTIME> LocalFields(const CTime& time)
-{
-    std::tm local;
-    if (time.GetLocalTm(&local) == nullptr)
-    {
-        return std::nullopt;
-    }
-    SYSTEMTIME fields{};
-    fields.wYear = static_cast<WORD>(local.tm_year + 1900);
-    fields.wMonth = static_cast<WORD>(local.tm_mon + 1);
-    fields.wDay = static_cast<WORD>(local.tm_mday);
-    fields.wDayOfWeek = static_cast<WORD>(local.tm_wday);
-    fields.wHour = static_cast<WORD>(local.tm_hour);
-    fields.wMinute = static_cast<WORD>(local.tm_min);
-    fields.wSecond = static_cast<WORD>(local.tm_sec);
-    return fields;
-}
-
-} // namespace
-
 std::optional<CTime> CDateTimeCtrl::TimeOf(HWND picker)
 {
     SYSTEMTIME fields{};
@@ -50,9 +27,9 @@ std::optional<CTime> CDateTimeCtrl::TimeOf(HWND picker)
 
 BOOL CDateTimeCtrl::SetTimeOf(HWND picker, const CTime& time)
 {
-    const auto fields = LocalFields(time);
-    return fields &&
-           ::SendMessageW(picker, DTM_SETSYSTEMTIME, GDT_VALID, std::bit_cast<LPARAM>(&*fields)) != 0;
+    SYSTEMTIME local;
+    return time.GetAsSystemTime(local) &&
+           ::SendMessageW(picker, DTM_SETSYSTEMTIME, GDT_VALID, std::bit_cast<LPARAM>(&local)) != 0;
 }
 
 BOOL CDateTimeCtrl::GetTime(CTime& time) const
@@ -64,12 +41,7 @@ BOOL CDateTimeCtrl::GetTime(CTime& time) const
 
 BOOL CDateTimeCtrl::SetRange(const CTime& minimum, const CTime& maximum)
 {
-    const auto low = LocalFields(minimum);
-    const auto high = LocalFields(maximum);
-    if (!low || !high)
-    {
-        return FALSE;
-    }
-    const SYSTEMTIME range[] = {*low, *high};
-    return ::SendMessageW(m_hWnd, DTM_SETRANGE, GDTR_MIN | GDTR_MAX, std::bit_cast<LPARAM>(&range)) != 0;
+    SYSTEMTIME range[2];
+    return minimum.GetAsSystemTime(range[0]) && maximum.GetAsSystemTime(range[1]) &&
+           ::SendMessageW(m_hWnd, DTM_SETRANGE, GDTR_MIN | GDTR_MAX, std::bit_cast<LPARAM>(&range)) != 0;
 }

@@ -1,6 +1,7 @@
 #include "platform/mfc/atltime.h"
 
 #include "platform/Clock.h"
+#include "platform/WindowsHeaders.h"
 #include "platform/mfc/atlexcept.h"
 
 CTime::CTime(int year, int month, int day, int hour, int minute, int second, int daylightSaving)
@@ -35,6 +36,24 @@ std::tm* CTime::GetLocalTm(std::tm* local) const noexcept
 {
     const __time64_t seconds = m_seconds;
     return _localtime64_s(local, &seconds) == 0 ? local : nullptr;
+}
+
+bool CTime::GetAsSystemTime(SYSTEMTIME& local) const noexcept
+{
+    std::tm fields;
+    if (GetLocalTm(&fields) == nullptr)
+    {
+        return false;
+    }
+    local = {};
+    local.wYear = static_cast<WORD>(fields.tm_year + 1900);
+    local.wMonth = static_cast<WORD>(fields.tm_mon + 1);
+    local.wDayOfWeek = static_cast<WORD>(fields.tm_wday);
+    local.wDay = static_cast<WORD>(fields.tm_mday);
+    local.wHour = static_cast<WORD>(fields.tm_hour);
+    local.wMinute = static_cast<WORD>(fields.tm_min);
+    local.wSecond = static_cast<WORD>(fields.tm_sec);
+    return true;
 }
 
 int CTime::GetYear() const noexcept

@@ -7,6 +7,8 @@
 #include <ctime>
 #include <limits>
 
+struct _SYSTEMTIME; // SYSTEMTIME; most of what needs the time needs nothing else of windows.h
+
 /// A signed count of seconds. Arithmetic that would leave 64 bits stops at the nearest limit.
 class CTimeSpan
 {
@@ -62,6 +64,9 @@ class TS_API CTime
     [[nodiscard]] constexpr std::int64_t GetTime() const noexcept { return m_seconds; }
     /// The local broken-down time in `local`, or null (and `local` undefined) outside the runtime's range.
     std::tm* GetLocalTm(std::tm* local) const noexcept;
+    /// The local broken-down time as the system's functions take it, without milliseconds. Gives false, and
+    /// leaves `local` as it is, outside the runtime's range.
+    [[nodiscard]] bool GetAsSystemTime(_SYSTEMTIME& local) const noexcept;
     [[nodiscard]] int GetYear() const noexcept;
     [[nodiscard]] int GetMonth() const noexcept;     ///< 1 to 12
     [[nodiscard]] int GetDay() const noexcept;       ///< 1 to 31

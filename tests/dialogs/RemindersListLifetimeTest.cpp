@@ -2,8 +2,6 @@
 #include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
 
-#include <cstdlib>
-
 namespace
 {
 
@@ -43,13 +41,6 @@ class ListLifetimeTest : public ListTest
         ASSERT_EQ(2, list.GetItemCount());
     }
 
-    /// A round takes 10 ms: TS_TEST_ROUNDS=10000 is for those who have the time.
-    static int RoundsFromEnvironment()
-    {
-        const char* text = std::getenv("TS_TEST_ROUNDS");
-        return text == nullptr ? 500 : std::atoi(text);
-    }
-
     void AddTwo()
     {
         CcvReminderData daily = EveryNDays(1);
@@ -61,7 +52,7 @@ class ListLifetimeTest : public ListTest
     }
 };
 
-TEST_F(ListLifetimeTest, ManyRounds_LeaveNothingBehind)
+TEST_F(ListLifetimeTest, TenThousandRounds_LeaveNothingBehind)
 {
     AddTwo();
     const auto goRound = [this](int rounds)
@@ -76,7 +67,7 @@ TEST_F(ListLifetimeTest, ManyRounds_LeaveNothingBehind)
     ASSERT_NO_FATAL_FAILURE(goRound(kWarmUp));
     static_cast<void>(CountAll());
     const Counts before = CountAll();
-    ASSERT_NO_FATAL_FAILURE(goRound(Rounds(RoundsFromEnvironment())));
+    ASSERT_NO_FATAL_FAILURE(goRound(Rounds(10'000)));
     EXPECT_EQ(before, CountAll());
 }
 

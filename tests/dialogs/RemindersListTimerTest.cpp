@@ -65,6 +65,23 @@ TEST_F(ListTimerTest, WhatHasBecomeDue_IsSortedIn)
     EXPECT_EQ(CString(L"early"), List().GetReminder(0)->GetSubject());
 }
 
+TEST_F(ListTimerTest, Minute_AfterAReload_AddsWhatHasBecomeDueOnceAndHidesNoOther)
+{
+    // The first goes: "shown" takes its place in the collection, "soon" that of "shown".
+    m_store.Add(L"gone", Noon() + CTimeSpan(kSecondsPerDay));
+    m_store.Add(L"shown", Noon());
+    m_store.Add(L"soon", Noon() + CTimeSpan(60));
+    Show(Due);
+    ASSERT_EQ((Texts{L"shown"}), Subjects());
+    m_store.Remove(0);
+    Reload();
+    m_clock.Set(Noon() + CTimeSpan(60));
+    PassMinute();
+    EXPECT_EQ((Texts{L"shown", L"soon"}), Subjects());
+    EXPECT_EQ(CString(L"shown"), List().GetReminder(0)->GetSubject());
+    EXPECT_EQ(CString(L"soon"), List().GetReminder(1)->GetSubject());
+}
+
 TEST_F(ListTimerTest, Minute_InTheOtherFilters_AddsAndRemovesNothing)
 {
     m_store.Add(L"tomorrow", Noon() + CTimeSpan(kSecondsPerDay));

@@ -1,5 +1,6 @@
 #include "tests/outlook_standin/InProcessOutlook.h"
 
+#include "platform/ComApartment.h"
 #include "tests/outlook_standin/ClassFactory.h"
 #include "tests/outlook_standin/InterfaceRegistration.h"
 
@@ -12,24 +13,6 @@ namespace
 {
 
 using namespace ts::standin;
-
-class ComApartment
-{
-  public:
-    ComApartment() noexcept : m_entered(SUCCEEDED(CoInitialize(nullptr))) {}
-    ComApartment(const ComApartment&) = delete;
-    ComApartment& operator=(const ComApartment&) = delete;
-    ~ComApartment()
-    {
-        if (m_entered)
-        {
-            CoUninitialize();
-        }
-    }
-
-  private:
-    bool m_entered;
-};
 
 std::filesystem::path FolderOrDefault(std::filesystem::path folder)
 {

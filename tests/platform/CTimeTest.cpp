@@ -1,3 +1,4 @@
+#include "platform/WindowsHeaders.h"
 #include "platform/mfc/atlexcept.h"
 #include "platform/mfc/atltime.h"
 #include "tests/support/TextOutput.h"
@@ -103,5 +104,34 @@ TEST(CTimeTest, Fields_OfATimeThatCannotBeConverted_AreNoFields)
         EXPECT_EQ(-1, time.GetMinute()) << seconds;
         EXPECT_EQ(-1, time.GetSecond()) << seconds;
         EXPECT_EQ(0, time.GetDayOfWeek()) << seconds;
+    }
+}
+
+TEST(CTimeTest, SystemTime_HasTheFieldsOfTheLocalTime)
+{
+    // Each of them has to be written, the milliseconds too.
+    SYSTEMTIME local{1, 2, 3, 4, 5, 6, 7, 8};
+    ASSERT_TRUE(CTime(2026, 11, 21, 9, 30, 59).GetAsSystemTime(local));
+    EXPECT_EQ(2026, local.wYear);
+    EXPECT_EQ(11, local.wMonth);
+    EXPECT_EQ(6, local.wDayOfWeek) << "a Saturday";
+    EXPECT_EQ(21, local.wDay);
+    EXPECT_EQ(9, local.wHour);
+    EXPECT_EQ(30, local.wMinute);
+    EXPECT_EQ(59, local.wSecond);
+    EXPECT_EQ(0, local.wMilliseconds);
+    ASSERT_TRUE(CTime(2027, 2, 28, 0, 0, 0).GetAsSystemTime(local));
+    EXPECT_EQ(0, local.wDayOfWeek) << "a Sunday";
+    EXPECT_EQ(2, local.wMonth);
+}
+
+TEST(CTimeTest, SystemTime_OfATimeThatCannotBeConverted_LeavesTheOther)
+{
+    for (const std::int64_t seconds : {kMin, std::int64_t{-200000}, std::int64_t{32'540'000'000}, kMax})
+    {
+        SYSTEMTIME local{1, 2, 3, 4, 5, 6, 7, 8};
+        EXPECT_FALSE(CTime(seconds).GetAsSystemTime(local)) << seconds;
+        EXPECT_EQ(1, local.wYear) << seconds;
+        EXPECT_EQ(8, local.wMilliseconds) << seconds;
     }
 }

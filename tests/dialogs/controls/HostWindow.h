@@ -7,7 +7,7 @@
 namespace ts::test
 {
 
-/// A visible dialog-like window that controls can be put into and that takes the part of their dialog.
+/// A visible dialog-like window that controls can be put into and that stands for their dialog.
 class HostWindow : public CWnd
 {
   public:
