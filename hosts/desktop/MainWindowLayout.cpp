@@ -21,7 +21,7 @@ constexpr int kLabelDistance = 3;
 constexpr SIZE kButton = {50, 14};
 constexpr int kButtonPadding = 12;
 
-constexpr SIZE kStartSize = {420, 240};
+constexpr SIZE kStartSize = {500, 270};
 constexpr SIZE kSmallestSize = {260, 130};
 
 /// The screen with a font selected.

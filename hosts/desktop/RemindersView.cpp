@@ -20,9 +20,9 @@ struct Column
     int share;
 };
 constexpr std::array<Column, 5> kColumns = {{{ReminderColumn::Subject, IDS_COLUMN_SUBJECT, 27},
-                                             {ReminderColumn::Topic, IDS_COLUMN_TOPIC, 18},
-                                             {ReminderColumn::Map, IDS_COLUMN_MAP, 17},
-                                             {ReminderColumn::Due, IDS_COLUMN_DUE, 18},
+                                             {ReminderColumn::Topic, IDS_COLUMN_TOPIC, 17},
+                                             {ReminderColumn::Map, IDS_COLUMN_MAP, 16},
+                                             {ReminderColumn::Due, IDS_COLUMN_DUE, 20},
                                              {ReminderColumn::DueIn, IDS_COLUMN_DUE_IN, 20}}};
 
 constexpr UINT kSelectedAndFocused = LVIS_SELECTED | LVIS_FOCUSED;
