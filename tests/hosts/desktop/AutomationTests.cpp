@@ -11,7 +11,7 @@ namespace
 
 using namespace ts::desktop;
 
-class Target : public AutomationTarget
+class Target final : public AutomationTarget
 {
   public:
     bool IsVisible() const override { return visible; }

@@ -227,6 +227,17 @@ HostProcess::HostProcess(const std::wstring& arguments)
     CloseHandle(process.hThread);
 }
 
+HostProcess::~HostProcess()
+{
+    constexpr DWORD kTimeToEnd = 10'000;
+    if (IsRunning() && MainWindowProcess() == m_id && FindDialog(m_id) == nullptr)
+    {
+        PostMessageW(MainWindowHandle(), WM_CLOSE, 0, 0);
+        WaitForSingleObject(m_process.get(), kTimeToEnd);
+    }
+    Kill();
+}
+
 bool HostProcess::ShowsWindow() const
 {
     return WaitUntil([this] { return MainWindowProcess() == m_id && IsWindowVisible(MainWindowHandle()); });

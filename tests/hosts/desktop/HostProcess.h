@@ -55,7 +55,8 @@ class HostProcess
     explicit HostProcess(const std::wstring& arguments = L"");
     HostProcess(const HostProcess&) = delete;
     HostProcess& operator=(const HostProcess&) = delete;
-    ~HostProcess() { Kill(); }
+    /// Closes its window if it has one: Wine goes on sending COM's clients to a process that was killed.
+    ~HostProcess();
 
     [[nodiscard]] DWORD GetId() const noexcept { return m_id; }
     /// Whether the main window is this process's and visible, within the usual time.

@@ -40,6 +40,38 @@ TEST_F(KillTest, ProgramKilledAtRandomMoments_LosesNothingAndStartsAgain)
     EXPECT_TRUE(WaitUntil([&] { return ListedSubjects() == expected; })) << "seed " << kSeed;
 }
 
+TEST_F(KillTest, ProgramKilledWhileItDeletes_LeavesEachReminderWholeOrGone)
+{
+    constexpr unsigned kSeed = 20261122;
+    constexpr int kCount = 20;
+    std::mt19937 random(kSeed);
+    for (int round = 0; round < 5; ++round)
+    {
+        RegDeleteTreeW(HKEY_CURRENT_USER, ts::kRemindersPath);
+        for (int number = 0; number < kCount; ++number)
+        {
+            Add(L"Reminder " + std::to_wstring(10 + number));
+        }
+        const std::vector<std::wstring> before = StoredSubjects();
+        const HostProcess host;
+        ASSERT_TRUE(host.ShowsWindow());
+        // The first row each time, so the reminders go in the order of their names.
+        for (int number = 0; number < kCount; ++number)
+        {
+            PostMessageW(MainWindowHandle(), WM_COMMAND, ID_REMINDER_DELETE, 0);
+        }
+        Sleep(std::uniform_int_distribution<DWORD>(0, 60)(random));
+        host.Kill();
+        EXPECT_EQ(77u, host.ExitCode());
+        std::vector<std::wstring> left = StoredSubjects();
+        std::ranges::sort(left);
+        std::vector<std::wstring> rest = before;
+        std::ranges::sort(rest);
+        rest.erase(rest.begin(), rest.end() - static_cast<std::ptrdiff_t>(left.size()));
+        EXPECT_EQ(rest, left) << "seed " << kSeed << " round " << round;
+    }
+}
+
 TEST_F(KillTest, ProgramKilledWithADialogOpen_StartsAgain)
 {
     Add(L"First");

@@ -3,6 +3,8 @@
 #include "ResourceIds.h"
 #include "tests/support/WindowDriver.h"
 
+#include <commctrl.h>
+
 // The main window of the program, used from another process.
 
 namespace
@@ -246,10 +248,11 @@ TEST_F(MainWindowTest, DamagedReminder_IsListedBesideTheOthers)
     const CString key = Add(L"Damaged");
     CcvReminderData damaged(key);
     ASSERT_TRUE(damaged.LoadDataFromRegistry(ts::kRemindersPath));
-    damaged.SetRecurrenceType(EcvReminderRecurrenceType::Yearly);
-    damaged.SetYearlyRecurrentDay(99);
-    damaged.SetYearlyReminderPattern1Month(EcvMonth::January);
-    damaged.SetNextDueDate(CTime(1980, 1, 1, 0, 0, 0));
+    damaged.SetRecurrenceType(EcvReminderRecurrenceType::Monthly);
+    damaged.SetMonthlyOccurenceType(EcvReminderMonthlyOccurence::OrdinalDayType);
+    damaged.SetMonthlyReminderDayIntegralType(static_cast<EcvReminderDayIntegralType>(9));
+    damaged.SetMonthlyReminderPattern2Month(1);
+    damaged.SetNextDueDate(CTime(2025, 1, 1, 0, 0, 0));
     ASSERT_TRUE(damaged.SaveDataToRegistry(ts::kRemindersPath));
     const HostProcess host;
     AwaitWindow(host);

@@ -36,14 +36,15 @@ class RowsTest : public testing::Test
         EXPECT_TRUE(reminder.SaveDataToRegistry(ts::kRemindersPath));
         return reminder.GetReminderKey();
     }
-    /// A recurring reminder whose pattern leaves the calendar.
+    /// A recurring reminder whose pattern asks for a day that there is not.
     static void AddDamaged(const wchar_t* subject, const wchar_t* map)
     {
-        CcvReminderData reminder = Make(subject, map, CTime(1980, 1, 1, 0, 0, 0));
-        reminder.SetRecurrenceType(EcvReminderRecurrenceType::Yearly);
-        reminder.SetYearlyOccurenceType(EcvReminderYearlyOccurence::DayOfMonth);
-        reminder.SetYearlyRecurrentDay(99);
-        reminder.SetYearlyReminderPattern1Month(EcvMonth::January);
+        CcvReminderData reminder = Make(subject, map, CTime(2025, 1, 1, 0, 0, 0));
+        reminder.SetRecurrenceType(EcvReminderRecurrenceType::Monthly);
+        reminder.SetMonthlyOccurenceType(EcvReminderMonthlyOccurence::OrdinalDayType);
+        reminder.SetMonthlyReminderDayIntegralType(static_cast<EcvReminderDayIntegralType>(9));
+        reminder.SetMonthlyReminderDayType(static_cast<long>(EcvReminderDayType::Day));
+        reminder.SetMonthlyReminderPattern2Month(1);
         EXPECT_TRUE(reminder.SaveDataToRegistry(ts::kRemindersPath));
     }
     static std::wstring Subjects(const std::vector<ReminderRow>& rows)
