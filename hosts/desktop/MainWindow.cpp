@@ -314,12 +314,10 @@ void MainWindow::Add()
 
 void MainWindow::Execute(UINT command)
 {
-    if (m_busy)
-    {
-        return;
-    }
+    // Whoever hid the window before, the user has seen it.
+    m_userControl = true;
     const HWND waiting = WaitingDialog();
-    if (waiting != nullptr && command != ID_APP_ABOUT)
+    if (waiting != nullptr)
     {
         ::SetForegroundWindow(waiting);
         return;

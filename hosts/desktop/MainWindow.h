@@ -84,7 +84,7 @@ class MainWindow : public CWnd, public AutomationTarget
     void ShowState();
     void EnableButton(CButton& button, bool enabled);
     void BringToFront();
-    /// A dialog of the manage window that waits for the user, or null.
+    /// A dialog of this or the manage window that waits for the user, or null.
     [[nodiscard]] HWND WaitingDialog() const;
     [[nodiscard]] bool IsNeeded() const { return m_userControl || IsVisible(); }
 

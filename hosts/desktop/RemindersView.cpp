@@ -116,6 +116,8 @@ void RemindersView::Show(std::vector<ReminderRow> rows)
     m_rows = std::move(rows);
     const RedrawPause pause(*this);
     Fill();
+    // There may be a scroll bar now, or none any more.
+    FitColumns();
     const int count = GetItemCount();
     int row = selected ? FindRow(*selected) : -1;
     if (row < 0)

@@ -242,6 +242,42 @@ TEST_F(MainWindowTest, OpenMessageOutOfRange_IsIgnored)
     }
 }
 
+TEST_F(MainWindowTest, CloseWhileADialogIsOpen_IsRefusedAndLeavesTheDialog)
+{
+    Add(L"First");
+    const HostProcess host;
+    AwaitWindow(host);
+    PressKeys({VK_CONTROL, 'E'});
+    const HWND dialog = AwaitDialog(host, L"First");
+    SendMessageW(MainWindowHandle(), WM_CLOSE, 0, 0);
+    SendMessageW(MainWindowHandle(), WM_COMMAND, ID_REMINDER_DELETE, 0);
+    EXPECT_TRUE(IsWindow(dialog));
+    PressKeys({VK_ESCAPE});
+    EXPECT_TRUE(WaitUntil([&] { return IsWindow(dialog) == FALSE; }));
+    EXPECT_EQ(Subjects{L"First"}, StoredSubjects());
+    PostMessageW(MainWindowHandle(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(0u, host.ExitCode());
+}
+
+TEST_F(MainWindowTest, EditedInTheManageWindow_KeepsTheMainWindowFromClosing)
+{
+    Add(L"First");
+    const HostProcess host;
+    AwaitWindow(host);
+    SendMessageW(MainWindowHandle(), WM_COMMAND, ID_REMINDER_MANAGE, 0);
+    const HWND manage = AwaitDialog(host, L"");
+    constexpr int kEditButton = 1025;
+    PostMessageW(manage, WM_COMMAND, kEditButton, 0);
+    ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(manage) == FALSE; }));
+    SendMessageW(MainWindowHandle(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(IsWindow(manage));
+    ASSERT_TRUE(WaitUntil([&] { return GetForegroundWindow() == GetLastActivePopup(manage); }));
+    PressKeys({VK_ESCAPE});
+    ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(manage) != FALSE; }));
+    PostMessageW(MainWindowHandle(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(0u, host.ExitCode());
+}
+
 TEST_F(MainWindowTest, DamagedReminder_IsListedBesideTheOthers)
 {
     Add(L"Sound");
