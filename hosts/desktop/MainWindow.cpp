@@ -187,9 +187,13 @@ LRESULT MainWindow::OnShowRequest(WPARAM, LPARAM)
 
 HWND MainWindow::WaitingDialog() const
 {
+    if (m_busy)
+    {
+        return GetLastActivePopup(m_hWnd);
+    }
     const HWND manage = m_manageDialog.GetSafeHwnd();
-    return manage != nullptr && !m_busy && ::IsWindowEnabled(manage) == FALSE ? GetLastActivePopup(manage)
-                                                                              : nullptr;
+    const bool isBusy = manage != nullptr && ::IsWindowEnabled(manage) == FALSE;
+    return isBusy ? GetLastActivePopup(manage) : nullptr;
 }
 
 void MainWindow::OnClose()

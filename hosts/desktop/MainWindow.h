@@ -17,6 +17,8 @@ class MainWindow : public CWnd, public AutomationTarget
 {
   public:
     explicit MainWindow(CcvReminderDataCollectionManager& manager);
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
     ~MainWindow() override;
 
     /// Makes the window, invisible, and offers the application to COM. Raises std::runtime_error.
