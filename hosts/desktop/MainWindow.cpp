@@ -418,7 +418,7 @@ BOOL MainWindow::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result)
 LRESULT MainWindow::OnMenuOpens(WPARAM wParam, LPARAM)
 {
     const UINT state = m_list.GetSelected() ? MF_ENABLED : MF_GRAYED;
-    const HMENU menu = std::bit_cast<HMENU>(wParam);
+    auto* const menu = std::bit_cast<HMENU>(wParam);
     EnableMenuItem(menu, ID_REMINDER_EDIT, state);
     EnableMenuItem(menu, ID_REMINDER_DELETE, state);
     return 0;
