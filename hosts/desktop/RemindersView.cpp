@@ -53,8 +53,9 @@ END_MESSAGE_MAP()
 
 bool RemindersView::CreateIn(CWnd& parent, UINT id)
 {
-    constexpr DWORD kStyle =
-        WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_BORDER | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS;
+    // Without WS_CLIPSIBLINGS the list would draw over what lies on it.
+    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_BORDER | WS_CLIPSIBLINGS | LVS_REPORT |
+                             LVS_SINGLESEL | LVS_SHOWSELALWAYS;
     if (Create(kStyle, RECT{}, &parent, id) == FALSE)
     {
         return false;
