@@ -22,6 +22,7 @@ class ApplicationClass::Factory : public IClassFactory
     explicit Factory(ApplicationClass& owner) : m_owner(&owner) {}
     Factory(const Factory&) = delete;
     Factory& operator=(const Factory&) = delete;
+    virtual ~Factory() = default;
 
     void CutOff() noexcept { m_owner = nullptr; }
 
@@ -81,12 +82,7 @@ class ApplicationClass::Factory : public IClassFactory
         return S_OK;
     }
 
-  protected:
-    virtual ~Factory() = default;
-
   private:
-    friend struct std::default_delete<Factory>;
-
     ApplicationClass* m_owner;
     ULONG m_references = 1;
 };

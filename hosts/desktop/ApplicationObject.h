@@ -19,6 +19,7 @@ class ApplicationObject : public IDispatch
     ApplicationObject(ApplicationClass& owner, AutomationTarget& target);
     ApplicationObject(const ApplicationObject&) = delete;
     ApplicationObject& operator=(const ApplicationObject&) = delete;
+    virtual ~ApplicationObject();
 
     STDMETHODIMP QueryInterface(REFIID id, void** object) noexcept override;
     STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++m_references; }
@@ -34,12 +35,7 @@ class ApplicationObject : public IDispatch
     /// The application is ending: from now on calls fail.
     void CutOff() noexcept;
 
-  protected:
-    virtual ~ApplicationObject();
-
   private:
-    friend struct std::default_delete<ApplicationObject>;
-
     HRESULT GetVisible(const DISPPARAMS& parameters, VARIANT* result) const;
     HRESULT PutVisible(const DISPPARAMS& parameters, UINT* wrongArgument);
 

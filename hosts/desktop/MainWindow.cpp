@@ -185,9 +185,13 @@ LRESULT MainWindow::OnShowRequest(WPARAM, LPARAM)
 
 HWND MainWindow::WaitingDialog() const
 {
+    if (m_busy)
+    {
+        return GetLastActivePopup(m_hWnd);
+    }
     const HWND manage = m_manageDialog.GetSafeHwnd();
-    return manage != nullptr && !m_busy && ::IsWindowEnabled(manage) == FALSE ? GetLastActivePopup(manage)
-                                                                              : nullptr;
+    const bool isBusy = manage != nullptr && ::IsWindowEnabled(manage) == FALSE;
+    return isBusy ? GetLastActivePopup(manage) : nullptr;
 }
 
 void MainWindow::OnClose()
@@ -312,12 +316,10 @@ void MainWindow::Add()
 
 void MainWindow::Execute(UINT command)
 {
-    if (m_busy)
-    {
-        return;
-    }
+    // Whoever hid the window before, the user has seen it.
+    m_userControl = true;
     const HWND waiting = WaitingDialog();
-    if (waiting != nullptr && command != ID_APP_ABOUT)
+    if (waiting != nullptr)
     {
         ::SetForegroundWindow(waiting);
         return;
@@ -414,7 +416,7 @@ BOOL MainWindow::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result)
 LRESULT MainWindow::OnMenuOpens(WPARAM wParam, LPARAM)
 {
     const UINT state = m_list.GetSelected() ? MF_ENABLED : MF_GRAYED;
-    const HMENU menu = std::bit_cast<HMENU>(wParam);
+    auto* const menu = std::bit_cast<HMENU>(wParam);
     EnableMenuItem(menu, ID_REMINDER_EDIT, state);
     EnableMenuItem(menu, ID_REMINDER_DELETE, state);
     return 0;

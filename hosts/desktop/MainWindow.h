@@ -17,6 +17,8 @@ class MainWindow : public CWnd, public AutomationTarget
 {
   public:
     explicit MainWindow(CcvReminderDataCollectionManager& manager);
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
     ~MainWindow() override;
 
     /// Makes the window, invisible, and offers the application to COM. Raises std::runtime_error.
@@ -84,7 +86,7 @@ class MainWindow : public CWnd, public AutomationTarget
     void ShowState();
     void EnableButton(CButton& button, bool enabled);
     void BringToFront();
-    /// A dialog of the manage window that waits for the user, or null.
+    /// A dialog of this or the manage window that waits for the user, or null.
     [[nodiscard]] HWND WaitingDialog() const;
     [[nodiscard]] bool IsNeeded() const { return m_userControl || IsVisible(); }
 

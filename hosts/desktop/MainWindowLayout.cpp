@@ -21,7 +21,7 @@ constexpr int kLabelDistance = 3;
 constexpr SIZE kButton = {50, 14};
 constexpr int kButtonPadding = 12;
 
-constexpr SIZE kStartSize = {420, 240};
+constexpr SIZE kStartSize = {500, 270};
 constexpr SIZE kSmallestSize = {260, 130};
 
 /// The screen with a font selected.
@@ -125,9 +125,10 @@ SIZE MainWindow::ButtonSize() const
 {
     const ScreenWithFont screen(m_font.GetHandle());
     SIZE size = {Across(kButton.cx), Down(kButton.cy)};
-    for (const UINT text : {IDS_BUTTON_ADD, IDS_BUTTON_EDIT, IDS_BUTTON_DELETE, IDS_BUTTON_MANAGE})
+    for (const int text : {IDS_BUTTON_ADD, IDS_BUTTON_EDIT, IDS_BUTTON_DELETE, IDS_BUTTON_MANAGE})
     {
-        size.cx = std::max<LONG>(size.cx, screen.Measure(Text(text)).cx + Across(kButtonPadding));
+        size.cx = std::max<LONG>(size.cx,
+                                 screen.Measure(Text(static_cast<UINT>(text))).cx + Across(kButtonPadding));
     }
     return size;
 }
@@ -182,7 +183,7 @@ LRESULT MainWindow::OnStaticColour(WPARAM wParam, LPARAM lParam)
     {
         return Default();
     }
-    const HDC dc = std::bit_cast<HDC>(wParam);
+    auto* const dc = std::bit_cast<HDC>(wParam);
     SetTextColor(dc, GetSysColor(COLOR_GRAYTEXT));
     SetBkColor(dc, GetSysColor(COLOR_WINDOW));
     return std::bit_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));

@@ -148,6 +148,15 @@ void RemoveAll(HKEY root)
     }
 }
 
+/// The user may have had none of these before. One with something in it is not deleted.
+void RemoveEmptyFolders()
+{
+    for (const wchar_t* const folder : {L"CLSID", L"Interface", L"TypeLib"})
+    {
+        RegDeleteKeyW(HKEY_CURRENT_USER, (std::wstring(kClasses) + folder).c_str());
+    }
+}
+
 bool IsSeenByCom()
 {
     CLSID found;
@@ -180,6 +189,7 @@ void Register(const std::filesystem::path& program)
 void Unregister()
 {
     RemoveAll(HKEY_CURRENT_USER);
+    RemoveEmptyFolders();
     RemoveAll(HKEY_LOCAL_MACHINE);
     // The folders above are the product's, with other files perhaps.
     std::error_code error;

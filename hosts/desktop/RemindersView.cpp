@@ -20,9 +20,9 @@ struct Column
     int share;
 };
 constexpr std::array<Column, 5> kColumns = {{{ReminderColumn::Subject, IDS_COLUMN_SUBJECT, 27},
-                                             {ReminderColumn::Topic, IDS_COLUMN_TOPIC, 18},
-                                             {ReminderColumn::Map, IDS_COLUMN_MAP, 17},
-                                             {ReminderColumn::Due, IDS_COLUMN_DUE, 18},
+                                             {ReminderColumn::Topic, IDS_COLUMN_TOPIC, 17},
+                                             {ReminderColumn::Map, IDS_COLUMN_MAP, 16},
+                                             {ReminderColumn::Due, IDS_COLUMN_DUE, 20},
                                              {ReminderColumn::DueIn, IDS_COLUMN_DUE_IN, 20}}};
 
 constexpr UINT kSelectedAndFocused = LVIS_SELECTED | LVIS_FOCUSED;
@@ -53,8 +53,9 @@ END_MESSAGE_MAP()
 
 bool RemindersView::CreateIn(CWnd& parent, UINT id)
 {
-    constexpr DWORD kStyle =
-        WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_BORDER | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS;
+    // Without WS_CLIPSIBLINGS the list would draw over what lies on it.
+    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_BORDER | WS_CLIPSIBLINGS | LVS_REPORT |
+                             LVS_SINGLESEL | LVS_SHOWSELALWAYS;
     if (Create(kStyle, RECT{}, &parent, id) == FALSE)
     {
         return false;
@@ -116,6 +117,8 @@ void RemindersView::Show(std::vector<ReminderRow> rows)
     m_rows = std::move(rows);
     const RedrawPause pause(*this);
     Fill();
+    // There may be a scroll bar now, or none any more.
+    FitColumns();
     const int count = GetItemCount();
     int row = selected ? FindRow(*selected) : -1;
     if (row < 0)

@@ -3,6 +3,8 @@
 #include "ResourceIds.h"
 #include "Texts.h"
 
+#include <algorithm>
+
 namespace ts::desktop
 {
 
@@ -37,7 +39,7 @@ BOOL TopicDialog::OnInitDialog()
     m_list.SetExtendedStyle(m_list.GetExtendedStyle() | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
     AddColumns();
     AddTopics();
-    m_list.SetItemState(0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    SelectFirstFree();
     GotoDlgCtrl(&m_list);
     return FALSE;
 }
@@ -67,6 +69,15 @@ void TopicDialog::AddTopics()
         m_list.SetItemText(row, 2, topic.hasReminder ? yes.c_str() : L"");
         ++row;
     }
+}
+
+/// Most users want a new reminder.
+void TopicDialog::SelectFirstFree()
+{
+    const auto found = std::ranges::find(m_topics, false, &Topic::hasReminder);
+    const int row = found != m_topics.end() ? static_cast<int>(found - m_topics.begin()) : 0;
+    m_list.SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    m_list.EnsureVisible(row, FALSE);
 }
 
 int TopicDialog::SelectedRow() const

@@ -30,6 +30,7 @@ class TopicDialog : public CDialog
   private:
     void AddColumns();
     void AddTopics();
+    void SelectFirstFree();
     [[nodiscard]] int SelectedRow() const;
 
     std::vector<Topic> m_topics;

@@ -190,7 +190,7 @@ void Call(CCmdTarget& target, AFX_CALL& call)
     ts::message::kEnd                                                                                        \
     }                                                                                                        \
     ;                                                                                                        \
-    static constexpr AFX_MSGMAP map = {&BaseClass::GetThisMessageMap, entries};                              \
+    static const AFX_MSGMAP map = {&BaseClass::GetThisMessageMap, entries};                                  \
     return &map;                                                                                             \
     }
 
