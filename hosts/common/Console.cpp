@@ -1,10 +1,13 @@
 #include "hosts/common/Console.h"
 
+#include "hosts/common/Errors.h"
 #include "hosts/common/Utf8.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdlib>
+#include <ctime>
 #include <memory>
 #include <shellapi.h>
 
@@ -73,6 +76,12 @@ bool WriteCharacters(HANDLE console, std::wstring_view text)
 
 } // namespace
 
+void IgnoreZoneVariable()
+{
+    _putenv("TZ=");
+    _tzset();
+}
+
 std::vector<std::string> CommandLineArguments()
 {
     struct Free
@@ -87,6 +96,26 @@ std::vector<std::string> CommandLineArguments()
         arguments.push_back(ToUtf8(words.get()[index]));
     }
     return arguments;
+}
+
+std::wstring ProgramPath()
+{
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;)
+    {
+        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        if (length == 0)
+        {
+            throw OperationError("cannot find this program's path: Windows error " +
+                                 std::to_string(GetLastError()));
+        }
+        if (length < path.size())
+        {
+            path.resize(length);
+            return path;
+        }
+        path.resize(path.size() * 2);
+    }
 }
 
 std::size_t TerminalWidth()

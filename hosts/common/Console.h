@@ -7,9 +7,15 @@
 #include <string_view>
 #include <vector>
 
-/// The process's command line and standard handles.
+/// What the process was started with, and its standard handles.
 namespace ts::hosts
 {
+
+/// A TZ variable, of a Unix-like shell for example, would mislead the C runtime; the system's zone is right.
+void IgnoreZoneVariable();
+
+/// The full path of the program. Raises OperationError when the system does not tell.
+[[nodiscard]] std::wstring ProgramPath();
 
 /// The arguments after the program's name, in UTF-8.
 [[nodiscard]] std::vector<std::string> CommandLineArguments();

@@ -2,19 +2,13 @@
 #include "hosts/common/Console.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <ctime>
 #include <ostream>
 
 int main()
 {
-    // A TZ variable, of a Unix-like shell for example, would mislead the C runtime; the system's zone is
-    // right.
-    _putenv("TZ=");
-    _tzset();
-
     using namespace ts::console;
     using namespace ts::hosts;
+    IgnoreZoneVariable();
     StandardBuffer outBuffer(STD_OUTPUT_HANDLE);
     StandardBuffer errBuffer(STD_ERROR_HANDLE);
     std::ostream out(&outBuffer);

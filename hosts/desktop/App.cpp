@@ -2,12 +2,15 @@
 
 #include "MainWindow.h"
 #include "Registration.h"
-#include "SingleInstance.h"
-#include "UserOutput.h"
+#include "hosts/common/Collection.h"
+#include "hosts/common/Console.h"
+#include "hosts/common/ExitCode.h"
+#include "hosts/common/Output.h"
+#include "hosts/common/SingleInstance.h"
 
 #include "platform/ComApartment.h"
 
-#include <filesystem>
+#include <memory>
 #include <stdexcept>
 
 namespace ts::desktop
@@ -18,19 +21,7 @@ namespace
 /// How long the program stays at its end for Outlook to get the changes.
 constexpr DWORD kOutlookPatience = 10'000;
 
-std::filesystem::path ThisProgram()
-{
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;)
-    {
-        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size())
-        {
-            return path.substr(0, length);
-        }
-        path.resize(path.size() * 2);
-    }
-}
+constexpr wchar_t kTitle[] = L"Tessaly";
 
 void RunMessageLoop()
 {
@@ -56,10 +47,7 @@ class Collection
     {
         if (!m_manager->WaitForOutlookCommands(kOutlookPatience))
         {
-            // To destroy the collection is to wait for its worker. That ends with the process, and then
-            // cannot take its mark away itself.
-            static_cast<void>(m_manager.release());
-            CcvReminderOptionUtilities::SetSynchronizeInProgress(false);
+            hosts::Abandon(std::move(m_manager));
         }
     }
 
@@ -79,23 +67,22 @@ void ShowReminders(Task task)
     RunMessageLoop();
 }
 
+HWND FindMainWindow()
+{
+    return FindWindowW(kMainWindowClass, nullptr);
+}
+
 void RunApplication(Task task)
 {
     const ComApartment com;
-    const SingleInstance instance;
-    switch (instance.GetOutcome())
+    hosts::SingleInstance instance(L"Tessaly25Host");
+    if (const HWND other = instance.Compete(FindMainWindow); other == nullptr)
     {
-    case SingleInstance::Outcome::First:
         ShowReminders(task);
-        break;
-    case SingleInstance::Outcome::Second:
-        if (task == Task::Run)
-        {
-            SingleInstance::ShowOther();
-        }
-        break;
-    case SingleInstance::Outcome::Refused:
-        throw std::runtime_error("the application that ran before has not ended yet");
+    }
+    else if (task == Task::Run)
+    {
+        hosts::HandOver(other, kShowMessage);
     }
 }
 
@@ -104,17 +91,22 @@ void Execute(const CommandLine& commandLine)
     switch (commandLine.task)
     {
     case Task::Register:
-        Register(ThisProgram());
+        Register(hosts::ProgramPath());
         break;
     case Task::Unregister:
         Unregister();
         break;
     case Task::Tell:
-        Tell(commandLine.text);
+        hosts::Tell(commandLine.text, false, kTitle);
         break;
     default:
         RunApplication(commandLine.task);
     }
+}
+
+void Complain(const std::string& reason)
+{
+    hosts::Tell("TessalyHost: " + reason + "\n", true, kTitle);
 }
 
 } // namespace
@@ -124,17 +116,17 @@ int Run(const CommandLine& commandLine)
     if (commandLine.task == Task::Complain)
     {
         Complain(commandLine.text);
-        return kWrongUse;
+        return hosts::kWrongUse;
     }
     try
     {
         Execute(commandLine);
-        return kDone;
+        return hosts::kDone;
     }
     catch (const std::exception& error)
     {
         Complain(error.what());
-        return kFailed;
+        return hosts::kFailed;
     }
 }
 

@@ -6,14 +6,6 @@
 namespace ts::desktop
 {
 
-/// What the process ends with.
-enum ExitCode : int
-{
-    kDone = 0,
-    kFailed = 1,
-    kWrongUse = 2
-};
-
 enum class Task
 {
     Run,   ///< show the main window

@@ -1,16 +1,10 @@
 #include "App.h"
-#include "UserOutput.h"
+#include "hosts/common/Console.h"
 
 #include "platform/WindowsHeaders.h"
 
-#include <cstdlib>
-#include <ctime>
-
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int)
 {
-    // A TZ variable, of a Unix-like shell for example, would mislead the C runtime; the system's zone is
-    // right.
-    _putenv("TZ=");
-    _tzset();
-    return ts::desktop::Run(ts::desktop::Parse(ts::desktop::CommandLineArguments()));
+    ts::hosts::IgnoreZoneVariable();
+    return ts::desktop::Run(ts::desktop::Parse(ts::hosts::CommandLineArguments()));
 }

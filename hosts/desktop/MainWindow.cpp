@@ -1,8 +1,8 @@
 #include "MainWindow.h"
 
 #include "ResourceIds.h"
-#include "SingleInstance.h"
 #include "Texts.h"
+#include "hosts/common/Collection.h"
 
 #include <algorithm>
 #include <bit>
@@ -247,7 +247,8 @@ LRESULT MainWindow::OnOpenReminder(WPARAM wParam, LPARAM lParam)
     }
     ShowToUser();
     CcvReminderData* const reminder = m_manager.GetReminderByIndex(static_cast<int>(lParam));
-    if (EnsureLoaded(*reminder) && m_list.Select(ReminderIdentity(*reminder)) && IsWindowEnabled() != FALSE)
+    if (hosts::EnsureLoaded(*reminder) && m_list.Select(ReminderIdentity(*reminder)) &&
+        IsWindowEnabled() != FALSE)
     {
         m_list.SetFocus();
     }

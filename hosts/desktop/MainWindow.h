@@ -12,6 +12,9 @@
 namespace ts::desktop
 {
 
+/// Posted to the main window by another start of the program: the user wants to see it.
+inline constexpr UINT kShowMessage = WM_APP + 1;
+
 /// The application's main window: lists the topics that have reminders. The library's messages reach it here.
 class MainWindow : public CWnd, public AutomationTarget
 {

@@ -3,6 +3,7 @@
 #include "ResourceIds.h"
 #include "Texts.h"
 #include "TopicDialog.h"
+#include "hosts/common/ReminderTimes.h"
 
 namespace ts::desktop
 {
@@ -17,14 +18,7 @@ bool IsMirrored()
 /// The due time in force, none where the pattern is damaged; moves a recurring reminder on.
 std::optional<CTime> DueTime(CcvReminderData& reminder)
 {
-    try
-    {
-        return reminder.GetCalculatedDueTime(CTime::GetCurrentTime());
-    }
-    catch (const COleException&)
-    {
-        return std::nullopt;
-    }
+    return hosts::Ask([&] { return reminder.GetCalculatedDueTime(CTime::GetCurrentTime()); });
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include "ResourceIds.h"
 #include "Texts.h"
+#include "hosts/common/Collection.h"
+#include "hosts/common/ReminderTimes.h"
 
 #include <algorithm>
 #include <compare>
@@ -10,20 +12,6 @@ namespace ts::desktop
 {
 namespace
 {
-
-/// What a damaged pattern raises is no reason to show nothing.
-template <typename Question>
-auto Ask(const Question& question) -> std::optional<decltype(question())>
-{
-    try
-    {
-        return question();
-    }
-    catch (const COleException&)
-    {
-        return std::nullopt;
-    }
-}
 
 std::wstring ToText(const CString& text)
 {
@@ -43,19 +31,18 @@ std::wstring MapTitle(const CcvReminderData& reminder)
 
 ReminderRow MakeRow(const CcvReminderData& record, CTime now)
 {
-    // Asking a recurring reminder for its due time moves it on.
-    CcvReminderData reminder(record);
-    std::optional<CTime> due = Ask([&] { return reminder.GetCalculatedDueTime(now); });
+    auto [due, reminderTime] = hosts::FindTimes(record, now);
     if (due == CTime())
     {
         due.reset();
     }
-    const auto reminderTime = Ask([&] { return reminder.GetReminderTime(now); });
     std::optional<CString> dueIn;
     if (due)
     {
-        dueIn = Ask([&] { return CcvReminderDataUtilities::GetDueInString(&reminder, now); });
+        CcvReminderData reminder(record);
+        dueIn = hosts::Ask([&] { return CcvReminderDataUtilities::GetDueInString(&reminder, now); });
     }
+    const bool isDismissed = record.IsDimissed() && !record.IsRecurrent();
     return {ReminderIdentity(record),
             ToText(record.GetSubject()),
             ToText(record.GetObjectTitle()),
@@ -63,7 +50,7 @@ ReminderRow MakeRow(const CcvReminderData& record, CTime now)
             due,
             due ? ShortTime(*due) : Text(IDS_NO_DUE_TIME),
             dueIn ? ToText(*dueIn) : std::wstring(),
-            due && reminderTime && *reminderTime <= now && !record.IsDimissed()};
+            due && reminderTime && *reminderTime <= now && !isDismissed};
 }
 
 /// In the order of the user's language, without regard to case.
@@ -115,20 +102,13 @@ ReminderIdentity::ReminderIdentity(const CcvReminderData& reminder)
 {
 }
 
-bool EnsureLoaded(CcvReminderData& record)
-{
-    const bool isNamed = !record.GetDocumentPath().IsEmpty() || !record.GetMapGuid().IsEmpty() ||
-                         !record.GetObjectGuid().IsEmpty();
-    return isNamed || record.LoadDataFromRegistry(kRemindersPath);
-}
-
 CcvReminderData* FindReminder(const CcvReminderDataCollectionManager& manager,
                               const ReminderIdentity& identity)
 {
     for (int index = 0; index < manager.GetRemindersCount(); ++index)
     {
         CcvReminderData* const record = manager.GetReminderByIndex(index);
-        if (record->GetReminderKey() == identity.key && EnsureLoaded(*record) &&
+        if (record->GetReminderKey() == identity.key && hosts::EnsureLoaded(*record) &&
             record->GetGuid() == identity.guid)
         {
             return record;
@@ -143,7 +123,7 @@ std::vector<ReminderRow> MakeRows(const CcvReminderDataCollectionManager& manage
     for (int index = 0; index < manager.GetRemindersCount(); ++index)
     {
         CcvReminderData* const record = manager.GetReminderByIndex(index);
-        if (EnsureLoaded(*record))
+        if (hosts::EnsureLoaded(*record))
         {
             rows.push_back(MakeRow(*record, now));
         }

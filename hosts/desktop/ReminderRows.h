@@ -48,9 +48,6 @@ enum class ReminderColumn
     DueIn
 };
 
-/// Loads each record that the collection left unloaded behind a damaged one. Whether the record is loaded.
-[[nodiscard]] bool EnsureLoaded(CcvReminderData& record);
-
 /// The collection's record of that identity, loaded; null when it is gone. Valid until the collection is
 /// changed or loaded again.
 [[nodiscard]] CcvReminderData* FindReminder(const CcvReminderDataCollectionManager& manager,

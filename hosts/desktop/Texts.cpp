@@ -6,23 +6,6 @@
 
 namespace ts::desktop
 {
-namespace
-{
-
-SYSTEMTIME ToSystemTime(const std::tm& local)
-{
-    SYSTEMTIME time{};
-    time.wYear = static_cast<WORD>(local.tm_year + 1900);
-    time.wMonth = static_cast<WORD>(local.tm_mon + 1);
-    time.wDay = static_cast<WORD>(local.tm_mday);
-    time.wHour = static_cast<WORD>(local.tm_hour);
-    time.wMinute = static_cast<WORD>(local.tm_min);
-    time.wSecond = static_cast<WORD>(local.tm_sec);
-    return time;
-}
-
-} // namespace
-
 std::wstring Text(UINT id)
 {
     // With a size of 0 it gives the place of the resource, which is not terminated.
@@ -50,12 +33,11 @@ std::wstring FormatText(UINT id, DWORD_PTR first, DWORD_PTR second)
 
 std::wstring ShortTime(CTime time)
 {
-    std::tm local{};
-    if (time == CTime() || time.GetLocalTm(&local) == nullptr)
+    SYSTEMTIME fields{};
+    if (time == CTime() || !time.GetAsSystemTime(fields))
     {
         return {};
     }
-    const SYSTEMTIME fields = ToSystemTime(local);
     std::array<wchar_t, 100> date{};
     std::array<wchar_t, 100> clock{};
     constexpr int kSize = 100;

@@ -1,6 +1,7 @@
 #include "Topics.h"
 
 #include "ReminderRows.h"
+#include "hosts/common/Collection.h"
 
 #include <algorithm>
 #include <array>
@@ -84,7 +85,7 @@ std::vector<Topic> KnownTopics(const CcvReminderDataCollectionManager& manager)
     for (int index = 0; index < manager.GetRemindersCount(); ++index)
     {
         CcvReminderData* const record = manager.GetReminderByIndex(index);
-        if (EnsureLoaded(*record))
+        if (hosts::EnsureLoaded(*record))
         {
             AddIfNew(topics, TopicOf(*record));
         }

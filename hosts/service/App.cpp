@@ -2,8 +2,10 @@
 
 #include "LogOnEntry.h"
 #include "ReminderService.h"
-#include "SingleInstance.h"
+#include "RunningService.h"
+#include "hosts/common/Console.h"
 #include "hosts/common/Errors.h"
+#include "hosts/common/SingleInstance.h"
 
 #include <CLI/CLI.hpp>
 
@@ -16,8 +18,6 @@ using enum hosts::ExitCode;
 
 /// The running service may be waiting for Outlook when it ends.
 constexpr DWORD kStopPatience = 20'000;
-constexpr DWORD kStartPatience = 20'000;
-constexpr DWORD kStartInterval = 50;
 
 struct Options
 {
@@ -41,7 +41,7 @@ void Declare(CLI::App& app, Options& options)
 
 void Install(std::ostream& out)
 {
-    WriteLogOnEntry(OwnPath());
+    WriteLogOnEntry(hosts::ProgramPath());
     out << "The reminder service starts whenever you log on.\n";
 }
 
@@ -66,35 +66,17 @@ void Stop(std::ostream& out)
     out << "The reminder service has ended.\n";
 }
 
-/// Becomes the only service. False when there is one, which was asked to show what is due.
-bool BecomeService(SingleInstance& instance)
-{
-    const ULONGLONG begin = GetTickCount64();
-    // The other one may be starting or ending and have no window.
-    while (!instance.Acquire(kStartInterval))
-    {
-        const HWND other = FindRunningService();
-        if (other != nullptr)
-        {
-            AskToShow(other);
-            return false;
-        }
-        if (GetTickCount64() - begin > kStartPatience)
-        {
-            throw hosts::OperationError("another reminder service runs and does not answer");
-        }
-    }
-    return true;
-}
-
+/// Or lets the one that runs show what is due.
 void Serve()
 {
-    SingleInstance instance;
-    if (BecomeService(instance))
+    hosts::SingleInstance instance(L"TessalyReminderService");
+    if (const HWND other = instance.Compete(FindRunningService); other != nullptr)
     {
-        ReminderService service;
-        service.Run();
+        hosts::HandOver(other, hosts::kShowDueMessage);
+        return;
     }
+    ReminderService service;
+    service.Run();
 }
 
 void Execute(const Options& options, std::ostream& out)

@@ -59,24 +59,4 @@ bool RemoveLogOnEntry()
     return error == ERROR_SUCCESS;
 }
 
-std::wstring OwnPath()
-{
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;)
-    {
-        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-        if (length == 0)
-        {
-            throw hosts::OperationError("cannot find this program's path: Windows error " +
-                                        std::to_string(GetLastError()));
-        }
-        if (length < path.size())
-        {
-            path.resize(length);
-            return path;
-        }
-        path.resize(path.size() * 2);
-    }
-}
-
 } // namespace ts::service

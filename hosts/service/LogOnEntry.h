@@ -18,7 +18,4 @@ void WriteLogOnEntry(const std::wstring& program);
 /// Whether there was one.
 bool RemoveLogOnEntry();
 
-/// The full path of the program that runs.
-[[nodiscard]] std::wstring OwnPath();
-
 } // namespace ts::service

@@ -1,28 +1,24 @@
 #include "App.h"
-#include "Output.h"
+#include "ReminderService.h"
 #include "hosts/common/Console.h"
+#include "hosts/common/Output.h"
 
-#include <cstdlib>
-#include <ctime>
 #include <sstream>
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, char*, int)
 {
-    // A TZ variable, of a Unix-like shell for example, would mislead the C runtime; the system's zone is
-    // right.
-    _putenv("TZ=");
-    _tzset();
+    ts::hosts::IgnoreZoneVariable();
 
     std::ostringstream out;
     std::ostringstream err;
     const int code = ts::service::Run(ts::hosts::CommandLineArguments(), out, err);
     if (!out.view().empty())
     {
-        ts::service::Tell(out.view(), false);
+        ts::hosts::Tell(out.view(), false, ts::service::kWindowTitle);
     }
     if (!err.view().empty())
     {
-        ts::service::Tell(err.view(), true);
+        ts::hosts::Tell(err.view(), true, ts::service::kWindowTitle);
     }
     return code;
 }

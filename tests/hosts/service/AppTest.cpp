@@ -1,5 +1,6 @@
 #include "hosts/service/App.h"
 
+#include "hosts/common/Console.h"
 #include "hosts/service/LogOnEntry.h"
 #include "tests/support/RawRegistry.h"
 
@@ -42,7 +43,7 @@ TEST_F(ServiceApp, Install_WritesTheQuotedPathWithItsTerminator)
         const Outcome outcome = Start({"--install"});
         EXPECT_EQ(0, outcome.code) << outcome.err;
         EXPECT_EQ("The reminder service starts whenever you log on.\n", outcome.out);
-        const std::wstring command = L"\"" + OwnPath() + L"\"";
+        const std::wstring command = L"\"" + ts::hosts::ProgramPath() + L"\"";
         EXPECT_EQ(RawText(command + std::wstring(1, L'\0')), Entry());
     }
 }

@@ -1,10 +1,9 @@
-#include "Output.h"
+#include "hosts/common/Output.h"
 
-#include "ReminderService.h"
 #include "hosts/common/Console.h"
 #include "hosts/common/Utf8.h"
 
-namespace ts::service
+namespace ts::hosts
 {
 namespace
 {
@@ -23,15 +22,15 @@ bool TakeParentConsole(DWORD standardHandle)
 
 } // namespace
 
-void Tell(std::string_view text, bool isError)
+void Tell(std::string_view text, bool isError, const wchar_t* title)
 {
     const DWORD handle = isError ? STD_ERROR_HANDLE : STD_OUTPUT_HANDLE;
-    const bool isWritten = (HasHandle(handle) || TakeParentConsole(handle)) && hosts::WriteText(handle, text);
+    const bool isWritten = (HasHandle(handle) || TakeParentConsole(handle)) && WriteText(handle, text);
     if (!isWritten)
     {
-        MessageBoxW(nullptr, hosts::ToWide(text).c_str(), kWindowTitle,
+        MessageBoxW(nullptr, ToWide(text).c_str(), title,
                     isError ? MB_OK | MB_ICONERROR : MB_OK | MB_ICONINFORMATION);
     }
 }
 
-} // namespace ts::service
+} // namespace ts::hosts
