@@ -8,8 +8,6 @@
 class MainWindow : public CWnd
 {
   public:
-    ~MainWindow() override { DestroyWindow(); }
-
     bool Open()
     {
         WNDCLASSW windowClass{};
@@ -18,8 +16,8 @@ class MainWindow : public CWnd
         windowClass.hInstance = GetModuleHandleW(nullptr);
         windowClass.lpszClassName = ts::kMainWindowClass;
         constexpr RECT place = {100, 100, 900, 700};
-        return RegisterClassW(&windowClass) != 0 && CreateEx(0, ts::kMainWindowClass, L"My maps",
-                                                             WS_OVERLAPPEDWINDOW, place, nullptr, 0) != FALSE;
+        return RegisterClassW(&windowClass) != 0 &&
+               CreateEx(0, ts::kMainWindowClass, L"My maps", WS_OVERLAPPEDWINDOW, place, nullptr, 0) != FALSE;
     }
     /// Until the user closes the list.
     void ManageReminders() { m_dialog.DoModal(); }
