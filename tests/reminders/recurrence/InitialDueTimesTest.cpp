@@ -167,6 +167,28 @@ TEST(UpcomingDueTimeTest, OccurrenceEarlierToday_IsKept)
         << "ahead already";
 }
 
+TEST(UpcomingDueTimeTest, EachType_AsksForTheTimeOnce)
+{
+    // A clock that leaps a year whenever it is asked.
+    static std::int64_t s_now = 0;
+    ts::ReplaceClock([]() noexcept { return s_now += 366 * 86400; });
+    const CTime start(2026, 11, 21, 9, 0, 0);
+    const CTime today(2027, 11, 22, 9, 0, 0);
+    struct Row
+    {
+        CcvReminderData record;
+        CTime expected;
+    };
+    for (const Row& row : {Row{EveryNDays(1), today}, Row{Weekly(1, 127), today},
+                           Row{MonthlyOnDay(1, 21), CTime(2027, 12, 21, 9, 0, 0)},
+                           Row{YearlyOnDay(11, 21), CTime(2028, 11, 21, 9, 0, 0)}})
+    {
+        s_now = CTime(2026, 11, 21, 12, 0, 0).GetTime();
+        EXPECT_EQ(row.expected, Upcoming(start, row.record)) << PatternText{row.record};
+    }
+    ts::ReplaceClock(nullptr);
+}
+
 TEST(UpcomingDueTimeTest, PatternThatDoesNotAdvance_KeepsTheStart)
 {
     const FixedClock clock(CTime(2026, 11, 21, 10, 0, 0));
