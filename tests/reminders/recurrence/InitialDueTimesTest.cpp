@@ -204,6 +204,35 @@ TEST(UpcomingDueTimeTest, PatternThatDoesNotAdvance_KeepsTheStart)
     }
 }
 
+TEST(UpcomingDueTimeTest, TwoOccurrencesOnOneLongDay_KeepsTheFirst)
+{
+    // Where the clocks go back, two occurrences that are 24 hours apart can share a date.
+    for (int day = 1; day <= 365; ++day)
+    {
+        const CTime noon = CTime(2026, 1, 1, 12, 0, 0) + CTimeSpan((day - 1) * 86400);
+        const CTime first(noon.GetYear(), noon.GetMonth(), noon.GetDay(), 0, 5, 0);
+        const CTime start = first - CTimeSpan(7 * 86400);
+        const CTime now = first + CTimeSpan(86400 + 600);
+        const FixedClock clock(now);
+        ASSERT_EQ(CTime(literal::Upcoming(Type::Daily, start.GetTime(), now.GetTime(), EveryNDays(1))),
+                  Upcoming(start, EveryNDays(1)))
+            << first;
+    }
+}
+
+TEST(UpcomingDueTimeTest, TimesWithoutADate_ShareOneAndHaveNotPassed)
+{
+    for (const std::int64_t now : {std::int64_t{-1'000'000}, std::int64_t{40'000'000'000}})
+    {
+        const FixedClock clock{CTime(now)};
+        const CTime start(now - 500'000);
+        for (const CcvReminderData& record : {EveryNDays(1), Weekly(1, 127), EveryWeekday()})
+        {
+            EXPECT_EQ(start, Upcoming(start, record)) << PatternText{record};
+        }
+    }
+}
+
 TEST(UpcomingDueTimeTest, AnyPattern_EqualsTheLiteralWalk)
 {
     RandomSource random;

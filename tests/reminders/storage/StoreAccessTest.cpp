@@ -133,6 +133,18 @@ TEST_F(StoreAccessTest, Save_WhoseWritesAreRefused_SucceedsAllTheSame)
     EXPECT_EQ(before, Snapshot());
 }
 
+TEST_F(StoreAccessTest, Update_WithEitherWriteRefused_SaysSo)
+{
+    for (const wchar_t* refused : {L"set OutlookObjectGuid", L"set OutlookEntryId"})
+    {
+        RegistryCalls calls;
+        EXPECT_TRUE(m_record.UpdateOutlookDataInRegistry(kStore));
+        calls.Refuse(refused);
+        EXPECT_FALSE(m_record.UpdateOutlookDataInRegistry(kStore))
+            << testing::PrintToString(CString(refused));
+    }
+}
+
 TEST_F(StoreAccessTest, Save_WithOneWriteRefused_WritesAllOthers)
 {
     DeleteKeyTree(kStore);
