@@ -4,11 +4,9 @@
 #include "tests/support/WindowDriver.h"
 #include "tests/windows/ControlsDialog.h"
 
-#include <atomic>
 #include <bit>
 #include <gtest/gtest.h>
 #include <stdexcept>
-#include <thread>
 
 namespace
 {
@@ -158,40 +156,6 @@ TEST(CDialogTest, Modal_OwnerIsEnabledAndActiveBeforeTheDialogGoes)
     EXPECT_EQ(IDCANCEL, dialog.DoModal());
     EXPECT_TRUE(dialog.m_ownerIsEnabled);
     EXPECT_TRUE(dialog.m_ownerIsActive);
-}
-
-TEST(CDialogTest, Modal_EndedByASentMessage_EndsAtOnce)
-{
-    constexpr DWORD kLong = 5000;
-    const DWORD loop = GetCurrentThreadId();
-    ControlsDialog dialog(nullptr, IDD_PLAIN);
-    dialog.m_exchanges = false;
-    std::atomic<HWND> window{nullptr};
-    dialog.m_onInit = [&](ControlsDialog& shown) { window = shown.m_hWnd; };
-    std::atomic<bool> ended{false};
-    bool wasInTime = false;
-    std::thread sender(
-        [&]
-        {
-            SetThreadDesktop(GetThreadDesktop(loop));
-            const ULONGLONG end = GetTickCount64() + kLong;
-            while (window == nullptr || IsWindowVisible(window) == FALSE)
-            {
-                Sleep(1);
-            }
-            Sleep(50); // until the loop waits
-            SendMessageW(window, WM_COMMAND, IDOK, 0);
-            while (!ended && GetTickCount64() < end)
-            {
-                Sleep(1);
-            }
-            wasInTime = ended;
-            PostMessageW(window, WM_COMMAND, IDCANCEL, 0); // or the test would never end
-        });
-    EXPECT_EQ(IDOK, dialog.DoModal());
-    ended = true;
-    sender.join();
-    EXPECT_TRUE(wasInTime);
 }
 
 TEST(CDialogTest, ModalWithoutParent_BelongsToTheActiveWindow)
