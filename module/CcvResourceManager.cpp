@@ -6,7 +6,12 @@ CcvResourceManager g_resourceManager;
 
 CcvResourceManager::~CcvResourceManager() = default;
 
-HMODULE CcvResourceManager::GetResourceHandle() const
+HMODULE CcvResourceManager::GetResourceHandle()
 {
-    return m_loaded ? m_resources : ResourceDLL::LoadLanguageResource(L"TsServiceUtilities", nullptr);
+    if (!m_loaded)
+    {
+        m_resources.store(ResourceDLL::LoadLanguageResource(L"TsServiceUtilities", nullptr),
+                          std::memory_order_relaxed);
+    }
+    return m_resources.load(std::memory_order_relaxed);
 }

@@ -2,6 +2,8 @@
 
 #include "platform/WindowsHeaders.h"
 
+#include <atomic>
+
 /// Knows the language library that holds all texts, dialog templates, icons and bitmaps of this library.
 class CcvResourceManager
 {
@@ -12,12 +14,13 @@ class CcvResourceManager
     virtual ~CcvResourceManager();
 
     /// The language library's handle, which stays its loader's; null when there is none. The loader is asked
-    /// at every request and answers with the library that it has loaded already. Any thread.
-    [[nodiscard]] HMODULE GetResourceHandle() const;
+    /// at every request and answers with the library that it has loaded already, so the language may change
+    /// meanwhile. Any thread.
+    [[nodiscard]] HMODULE GetResourceHandle();
 
   private:
-    bool m_loaded = false;
-    HMODULE m_resources = nullptr;
+    bool m_loaded = false; ///< stays so: the loader knows better
+    std::atomic<HMODULE> m_resources = nullptr;
 };
 
 /// The only instance.

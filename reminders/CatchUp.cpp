@@ -49,7 +49,7 @@ std::optional<WeekdaySteps> WeekdayStepsOf(EcvReminderRecurrenceType type, const
 {
     if (type == EcvReminderRecurrenceType::Weekly)
     {
-        return WeekdaySteps::Weekly(record.GetWeeklyRecurrenceFlag(), record.GetWeeklyRecurrenceNumber());
+        return WeekdaySteps::Weekly(record);
     }
     if (type == EcvReminderRecurrenceType::Daily &&
         record.GetDailyOccurrenceType() == EcvReminderDailyOccurence::EveryWeekday)

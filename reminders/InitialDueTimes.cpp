@@ -71,8 +71,7 @@ CTime CcvReminderDataUtilities::CalculateInitialDailyRecurrentDueTime(const CTim
 CTime CcvReminderDataUtilities::CalculateInitialWeeklyRecurrentDueTime(const CTime& start,
                                                                        const CcvReminderData* record)
 {
-    const auto steps =
-        ts::WeekdaySteps::Weekly(record->GetWeeklyRecurrenceFlag(), record->GetWeeklyRecurrenceNumber());
+    const auto steps = ts::WeekdaySteps::Weekly(*record);
     return steps.IsEmpty() ? CTime() : start + ts::Days(DaysUntilFlagged(steps, start.GetDayOfWeek()));
 }
 

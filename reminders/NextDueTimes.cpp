@@ -48,8 +48,7 @@ CTime CcvReminderDataUtilities::CalculateNextDailyRecurrentDueTime(const CTime& 
 CTime CcvReminderDataUtilities::CalculateNextWeeklyRecurrentDueTime(const CTime& from,
                                                                     const CcvReminderData* record)
 {
-    const auto steps =
-        ts::WeekdaySteps::Weekly(record->GetWeeklyRecurrenceFlag(), record->GetWeeklyRecurrenceNumber());
+    const auto steps = ts::WeekdaySteps::Weekly(*record);
     return steps.IsEmpty() ? CTime() : from + ts::Days(steps.DaysAfter(from.GetDayOfWeek()));
 }
 

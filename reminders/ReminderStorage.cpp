@@ -68,16 +68,33 @@ void WriteInt32(HKEY key, const wchar_t* name, std::int32_t value)
     ts::WriteDword(key, name, static_cast<DWORD>(value));
 }
 
+/// The existing key of that reminder; empty when there is none, or when the reminder has no name yet.
+ts::RegistryKey TryOpenKey(const CString& basePath, const CString& reminderKey, REGSAM access)
+{
+    if (reminderKey.IsEmpty())
+    {
+        return {};
+    }
+    const CString path = CcvPathUtilities::AppendToPath(basePath, reminderKey);
+    return ts::RegistryKey::TryOpen(HKEY_CURRENT_USER, path, access);
+}
+
+/// The same for writing; created when it is missing.
+ts::RegistryKey TryOpenOrCreateKey(const CString& basePath, const CString& reminderKey)
+{
+    if (reminderKey.IsEmpty())
+    {
+        return {};
+    }
+    const CString path = CcvPathUtilities::AppendToPath(basePath, reminderKey);
+    return ts::RegistryKey::TryOpenOrCreate(HKEY_CURRENT_USER, path);
+}
+
 } // namespace
 
 bool CcvReminderData::LoadDataFromRegistry(const CString& basePath)
 {
-    if (m_reminderKey.IsEmpty())
-    {
-        return false;
-    }
-    const CString path = CcvPathUtilities::AppendToPath(basePath, m_reminderKey);
-    const auto key = ts::RegistryKey::TryOpen(HKEY_CURRENT_USER, path, KEY_READ);
+    const auto key = TryOpenKey(basePath, m_reminderKey, KEY_READ);
     if (!key)
     {
         return false;
@@ -132,8 +149,7 @@ bool CcvReminderData::SaveDataToRegistry(const CString& basePath)
     {
         m_reminderKey = CcvReminderDataUtilities::GenerateUniqueReminderKey(basePath, m_mapGuid);
     }
-    const CString path = CcvPathUtilities::AppendToPath(basePath, m_reminderKey);
-    const auto key = ts::RegistryKey::TryOpenOrCreate(HKEY_CURRENT_USER, path);
+    const auto key = TryOpenOrCreateKey(basePath, m_reminderKey);
     if (!key)
     {
         return false;
@@ -170,12 +186,7 @@ bool CcvReminderData::DeleteDataFromRegistry(const CString& basePath)
 
 bool CcvReminderData::LoadOutlookDataFromRegistry(const CString& basePath)
 {
-    if (m_reminderKey.IsEmpty())
-    {
-        return false;
-    }
-    const CString path = CcvPathUtilities::AppendToPath(basePath, m_reminderKey);
-    const auto key = ts::RegistryKey::TryOpen(HKEY_CURRENT_USER, path, KEY_READ);
+    const auto key = TryOpenKey(basePath, m_reminderKey, KEY_READ);
     if (!key)
     {
         return false;
@@ -186,12 +197,7 @@ bool CcvReminderData::LoadOutlookDataFromRegistry(const CString& basePath)
 
 bool CcvReminderData::SaveOutlookDataToRegistry(const CString& basePath)
 {
-    if (m_reminderKey.IsEmpty())
-    {
-        return false;
-    }
-    const CString path = CcvPathUtilities::AppendToPath(basePath, m_reminderKey);
-    const auto key = ts::RegistryKey::TryOpenOrCreate(HKEY_CURRENT_USER, path);
+    const auto key = TryOpenOrCreateKey(basePath, m_reminderKey);
     if (!key)
     {
         return false;
@@ -202,13 +208,8 @@ bool CcvReminderData::SaveOutlookDataToRegistry(const CString& basePath)
 
 bool CcvReminderData::UpdateOutlookDataInRegistry(const CString& basePath) const
 {
-    if (m_reminderKey.IsEmpty())
-    {
-        return false;
-    }
     // Through this one key, whatever its name leads to later: values of a deleted key cannot be written.
-    const CString path = CcvPathUtilities::AppendToPath(basePath, m_reminderKey);
-    const auto key = ts::RegistryKey::TryOpen(HKEY_CURRENT_USER, path, KEY_READ | KEY_WRITE);
+    const auto key = TryOpenKey(basePath, m_reminderKey, KEY_READ | KEY_WRITE);
     if (!key)
     {
         return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/mfc/atltime.h"
+#include "reminders/CcvReminderData.h"
 
 #include <bit>
 #include <cstdint>
@@ -26,11 +27,12 @@ class WeekdaySteps
     {
         return WeekdaySteps(kWorkdays, 7, true);
     }
-    /// The days of `flags` (bit 0 Sunday to bit 6 Saturday), then those of the week `weeks` weeks on. With
-    /// no day flagged it is empty and there is no next occurrence.
-    [[nodiscard]] static constexpr WeekdaySteps Weekly(long flags, int weeks) noexcept
+    /// The flagged days of the record's weekly pattern, then those of the week N weeks on. With no day
+    /// flagged it is empty and there is no next occurrence.
+    [[nodiscard]] static WeekdaySteps Weekly(const CcvReminderData& record)
     {
-        return WeekdaySteps(static_cast<unsigned>(flags) & kWholeWeek, 7 * std::int64_t{weeks}, false);
+        return WeekdaySteps(static_cast<unsigned>(record.GetWeeklyRecurrenceFlag()) & kWholeWeek,
+                            7 * std::int64_t{record.GetWeeklyRecurrenceNumber()}, false);
     }
 
     [[nodiscard]] constexpr bool IsEmpty() const noexcept { return m_flagged == 0; }

@@ -13,36 +13,6 @@ HICON CStatic::SetIcon(HICON icon)
     return std::bit_cast<HICON>(SendMessage(STM_SETICON, std::bit_cast<WPARAM>(icon)));
 }
 
-void CStatic::DrawItem(DRAWITEMSTRUCT*)
-{
-}
-
-BOOL CStatic::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
-{
-    if (message != WM_DRAWITEM)
-    {
-        return CWnd::OnChildNotify(message, wParam, lParam, result);
-    }
-    DrawItem(std::bit_cast<DRAWITEMSTRUCT*>(lParam));
-    *result = TRUE;
-    return TRUE;
-}
-
-void CButton::DrawItem(DRAWITEMSTRUCT*)
-{
-}
-
-BOOL CButton::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
-{
-    if (message != WM_DRAWITEM)
-    {
-        return CWnd::OnChildNotify(message, wParam, lParam, result);
-    }
-    DrawItem(std::bit_cast<DRAWITEMSTRUCT*>(lParam));
-    *result = TRUE;
-    return TRUE;
-}
-
 void CEdit::GetSel(int& start, int& end) const
 {
     DWORD first = 0;

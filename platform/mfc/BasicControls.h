@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/mfc/CWnd.h"
+#include "platform/mfc/DrawnControl.h"
 
 // The controls that the system has always had. An object is attached to one of a dialog's or creates its own.
 
-class TS_API CStatic : public CWnd
+class TS_API CStatic : public ts::DrawnControl
 {
     DECLARE_DYNAMIC(CStatic)
 
@@ -15,15 +15,9 @@ class TS_API CStatic : public CWnd
         return Create(L"STATIC", text, style, rect, parent, id);
     }
     HICON SetIcon(HICON icon);
-
-    /// Draws the control when it has the style SS_OWNERDRAW.
-    virtual void DrawItem(DRAWITEMSTRUCT* item);
-
-  protected:
-    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 };
 
-class TS_API CButton : public CWnd
+class TS_API CButton : public ts::DrawnControl
 {
     DECLARE_DYNAMIC(CButton)
 
@@ -35,12 +29,6 @@ class TS_API CButton : public CWnd
     }
     [[nodiscard]] int GetCheck() const { return static_cast<int>(SendMessage(BM_GETCHECK)); }
     void SetCheck(int check) { SendMessage(BM_SETCHECK, static_cast<WPARAM>(check)); }
-
-    /// Draws the button when it has the style BS_OWNERDRAW.
-    virtual void DrawItem(DRAWITEMSTRUCT* item);
-
-  protected:
-    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 };
 
 class TS_API CEdit : public CWnd

@@ -65,21 +65,6 @@ int CHeaderCtrl::OrderToIndex(int order) const
     return static_cast<int>(SendMessage(HDM_ORDERTOINDEX, Index(order)));
 }
 
-void CHeaderCtrl::DrawItem(DRAWITEMSTRUCT*)
-{
-}
-
-BOOL CHeaderCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
-{
-    if (message != WM_DRAWITEM)
-    {
-        return CWnd::OnChildNotify(message, wParam, lParam, result);
-    }
-    DrawItem(std::bit_cast<DRAWITEMSTRUCT*>(lParam));
-    *result = TRUE;
-    return TRUE;
-}
-
 DWORD CListCtrl::SetExtendedStyle(DWORD style)
 {
     return static_cast<DWORD>(SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, static_cast<LPARAM>(style)));
@@ -229,21 +214,6 @@ BOOL CListCtrl::EnsureVisible(int index, BOOL partiallyIsEnough)
 BOOL CListCtrl::SortItems(PFNLVCOMPARE compare, LPARAM parameter)
 {
     return SendMessage(LVM_SORTITEMS, static_cast<WPARAM>(parameter), std::bit_cast<LPARAM>(compare)) != 0;
-}
-
-void CListCtrl::DrawItem(DRAWITEMSTRUCT*)
-{
-}
-
-BOOL CListCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
-{
-    if (message != WM_DRAWITEM)
-    {
-        return CWnd::OnChildNotify(message, wParam, lParam, result);
-    }
-    DrawItem(std::bit_cast<DRAWITEMSTRUCT*>(lParam));
-    *result = TRUE;
-    return TRUE;
 }
 
 void CSpinButtonCtrl::SetRange(int lower, int upper)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/mfc/CWnd.h"
+#include "platform/mfc/DrawnControl.h"
 
 #include <commctrl.h>
 #include <memory>
@@ -31,7 +31,7 @@ class TS_API CImageList
     std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, Destroyer> m_hImageList;
 };
 
-class TS_API CHeaderCtrl : public CWnd
+class TS_API CHeaderCtrl : public ts::DrawnControl
 {
     DECLARE_DYNAMIC(CHeaderCtrl)
 
@@ -42,15 +42,9 @@ class TS_API CHeaderCtrl : public CWnd
     BOOL GetItemRect(int index, RECT* rect) const;
     /// The index of the item that is shown at a position from the left.
     [[nodiscard]] int OrderToIndex(int order) const;
-
-    /// Draws an item that has the format HDF_OWNERDRAW.
-    virtual void DrawItem(DRAWITEMSTRUCT* item);
-
-  protected:
-    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 };
 
-class TS_API CListCtrl : public CWnd
+class TS_API CListCtrl : public ts::DrawnControl
 {
     DECLARE_DYNAMIC(CListCtrl)
 
@@ -102,12 +96,6 @@ class TS_API CListCtrl : public CWnd
     }
     /// Sorts the items by their data. `compare` must not throw.
     BOOL SortItems(PFNLVCOMPARE compare, LPARAM parameter);
-
-    /// Draws an item when the list has the style LVS_OWNERDRAWFIXED.
-    virtual void DrawItem(DRAWITEMSTRUCT* item);
-
-  protected:
-    BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 };
 
 /// A pair of arrows that step a value.

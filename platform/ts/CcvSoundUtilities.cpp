@@ -1,17 +1,11 @@
 #include "platform/ts/CcvSoundUtilities.h"
 
+#include "platform/LoadedLibrary.h"
+
 #include <bit>
-#include <memory>
-#include <type_traits>
 
 namespace
 {
-
-struct LibraryDeleter
-{
-    void operator()(HMODULE library) const noexcept { FreeLibrary(library); }
-};
-using Library = std::unique_ptr<std::remove_pointer_t<HMODULE>, LibraryDeleter>;
 
 using PlaySoundFunction = BOOL(WINAPI*)(LPCWSTR, HMODULE, DWORD);
 
@@ -19,7 +13,8 @@ using PlaySoundFunction = BOOL(WINAPI*)(LPCWSTR, HMODULE, DWORD);
 /// most programs never need it, and Wine's leaves a dozen handles behind each time it is unloaded.
 PlaySoundFunction FindPlaySound()
 {
-    static const Library library(LoadLibraryExW(L"winmm.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
+    static const ts::LoadedLibrary library(
+        LoadLibraryExW(L"winmm.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
     return library == nullptr ? nullptr
                               : std::bit_cast<PlaySoundFunction>(GetProcAddress(library.get(), "PlaySoundW"));
 }

@@ -1,24 +1,19 @@
 #include "platform/ts/ResourceDLL.h"
 
-#include "platform/mfc/afxwin.h"
+#include "platform/LoadedLibrary.h"
+#include "platform/mfc/CWinApp.h"
 
 #include <algorithm>
 #include <bit>
 #include <map>
-#include <memory>
 #include <mutex>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 namespace
 {
 
-struct LibraryDeleter
-{
-    void operator()(HMODULE library) const noexcept { FreeLibrary(library); }
-};
-using Library = std::unique_ptr<std::remove_pointer_t<HMODULE>, LibraryDeleter>;
+using ts::LoadedLibrary;
 
 /// The folder of the module that holds this code, with its last backslash.
 std::wstring OwnFolder()
@@ -86,16 +81,16 @@ BOOL CALLBACK StopAtFirst(HMODULE, LPCWSTR, LPWSTR, LONG_PTR found)
 }
 
 /// The library at `path`, if it is one and holds texts.
-Library TryLoad(const std::wstring& path)
+LoadedLibrary TryLoad(const std::wstring& path)
 {
     constexpr DWORD kResourcesOnly = LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE;
-    Library library(LoadLibraryExW(path.c_str(), nullptr, kResourcesOnly));
+    LoadedLibrary library(LoadLibraryExW(path.c_str(), nullptr, kResourcesOnly));
     bool holdsTexts = false;
     if (library)
     {
         EnumResourceNamesW(library.get(), RT_STRING, StopAtFirst, std::bit_cast<LONG_PTR>(&holdsTexts));
     }
-    return holdsTexts ? std::move(library) : Library();
+    return holdsTexts ? std::move(library) : LoadedLibrary();
 }
 
 /// What was asked for: the module's name and the language, an empty one for the user's.
@@ -134,7 +129,7 @@ class LanguageLibraries
         for (const std::wstring& candidate : Candidates(request.second))
         {
             const std::wstring path = start + candidate + L".dll";
-            Library& library = m_libraries[path];
+            LoadedLibrary& library = m_libraries[path];
             if (!library)
             {
                 library = TryLoad(path);
@@ -149,7 +144,7 @@ class LanguageLibraries
 
     std::mutex m_mutex;
     std::wstring m_preferred;
-    std::map<std::wstring, Library> m_libraries;
+    std::map<std::wstring, LoadedLibrary> m_libraries;
     std::map<Request, HMODULE> m_answers;
 };
 

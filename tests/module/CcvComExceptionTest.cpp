@@ -1,12 +1,50 @@
 #include "module/CcvComException.h"
+#include "tests/platform/ImportPatch.h"
 
 #include <gtest/gtest.h>
 #include <oleauto.h>
 #include <string>
 #include <utility>
 
+extern "C"
+{
+    extern decltype(&SysAllocString) __imp_SysAllocString;
+    extern decltype(&SysFreeString) __imp_SysFreeString;
+}
+
 namespace
 {
+
+/// While it lives, counts the texts that this program has allocated and not freed.
+class LiveTexts
+{
+  public:
+    LiveTexts() { s_present = this; }
+    LiveTexts(const LiveTexts&) = delete;
+    LiveTexts& operator=(const LiveTexts&) = delete;
+    ~LiveTexts() = default;
+
+    [[nodiscard]] int Count() const noexcept { return m_count; }
+
+  private:
+    static BSTR WINAPI Allocate(const OLECHAR* text)
+    {
+        const BSTR allocated = s_present->m_allocate.Original()(text);
+        s_present->m_count += allocated != nullptr ? 1 : 0;
+        return allocated;
+    }
+    static void WINAPI Free(BSTR text)
+    {
+        s_present->m_count -= text != nullptr ? 1 : 0;
+        s_present->m_free.Original()(text);
+    }
+
+    static inline LiveTexts* s_present = nullptr;
+
+    int m_count = 0;
+    ts::test::ImportPatch<decltype(&SysAllocString)> m_allocate{&__imp_SysAllocString, Allocate};
+    ts::test::ImportPatch<decltype(&SysFreeString)> m_free{&__imp_SysFreeString, Free};
+};
 
 // COM objects are destroyed by Release, never through an interface.
 #pragma GCC diagnostic push
@@ -98,4 +136,19 @@ TEST(CcvComExceptionTest, CopiesAndThrows_BalanceReferencesAndOwnTheirText)
         }
     }
     EXPECT_EQ(1u, info.references);
+}
+
+TEST(CcvComExceptionTest, CopiesAndAssignments_LeaveNoText)
+{
+    const LiveTexts texts;
+    {
+        const CcvComException first(E_FAIL, nullptr, L"first");
+        EXPECT_EQ(1, texts.Count());
+        CcvComException second(first);
+        EXPECT_EQ(2, texts.Count());
+        second = CcvComException(E_ABORT, nullptr, L"second");
+        EXPECT_EQ(L"second", Take(second.GetDescription()));
+        EXPECT_EQ(2, texts.Count());
+    }
+    EXPECT_EQ(0, texts.Count());
 }

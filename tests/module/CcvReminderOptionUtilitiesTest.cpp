@@ -1,5 +1,6 @@
 #include "module/CcvReminderOptionUtilities.h"
 #include "module/RegistryPaths.h"
+#include "tests/platform/RegistryCalls.h"
 #include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
 #include "tests/support/RawRegistry.h"
@@ -255,4 +256,46 @@ TEST_F(CcvReminderOptionUtilitiesTest, Handles_AfterManyCalls_AreAsMany)
         ASSERT_TRUE(Options::GetSynchronizeOutlookAppointments());
     }
     EXPECT_EQ(before, ts::test::HandleCount());
+}
+
+TEST_F(CcvReminderOptionUtilitiesTest, Calls_OfEachKind_AskForTheirRightsAndCloseTheKey)
+{
+    using Lines = std::vector<std::wstring>;
+    Store(L"SynchronizeOutlookAppoints", RawDword(1));
+    Store(kInstalled, RawDword(1), HKEY_LOCAL_MACHINE);
+    const std::wstring user = L"HKCU\\" + kSettings;
+    ts::test::RegistryCalls calls;
+    Options::SetPlaySoundWithTickler(false);
+    EXPECT_EQ((Lines{L"open " + user + L" 20006", L"set PlayTicklerSound 4", L"close"}), calls.Take());
+    EXPECT_FALSE(Options::GetPlaySoundWithTickler());
+    EXPECT_EQ((Lines{L"open " + user + L" 20019", L"query PlayTicklerSound", L"close"}), calls.Take());
+    EXPECT_TRUE(Options::GetSynchronizeOutlookAppointments());
+    EXPECT_EQ((Lines{L"open " + user + L" 20019", L"query SynchronizeOutlookAppoints", L"close",
+                     L"open " + user + L" 20019", L"query TopicAlertsLinkerInstalled", L"close",
+                     L"open HKLM\\" + kSettings + L" 20019", L"query TopicAlertsLinkerInstalled", L"close"}),
+              calls.Take());
+}
+
+TEST_F(CcvReminderOptionUtilitiesTest, Calls_ThatAreRefused_GiveTheDefaultAndChangeNothing)
+{
+    for (const Option& option : kOptions)
+    {
+        Store(option.name, RawDword(option.defaultValue ? 0 : 1));
+    }
+    const ts::test::RawValues before = RawKey(kSettings).Values();
+    for (const wchar_t* refused : {L"query ", L"open "})
+    {
+        ts::test::RegistryCalls calls;
+        calls.Refuse(refused);
+        calls.Refuse(L"set ");
+        for (const Option& option : kOptions)
+        {
+            EXPECT_EQ(option.defaultValue, option.get()) << refused << option.name;
+            if (option.set != nullptr)
+            {
+                option.set(option.defaultValue);
+            }
+        }
+    }
+    EXPECT_EQ(before, RawKey(kSettings).Values());
 }

@@ -1,7 +1,9 @@
 #include "module/ResourceScope.h"
+#include "platform/LoadedLibrary.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>
+#include <string>
 #include <thread>
 
 namespace
@@ -29,6 +31,26 @@ TEST(ResourceHandleTest, NothingSet_IsTheModuleItself)
     EXPECT_EQ(AfxGetInstanceHandle(), AfxGetResourceHandle());
     EXPECT_EQ(GetModuleHandleW(nullptr), AfxGetInstanceHandle())
         << "this program holds the library's code itself";
+}
+
+TEST(ResourceHandleTest, Find_OfAResource_PrefersTheResourceModuleToTheModuleItself)
+{
+    // A copy of this program, which has a manifest for its controls, like this program itself.
+    wchar_t program[MAX_PATH];
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    const std::wstring copy = program + std::wstring(L".copy");
+    ASSERT_NE(FALSE, CopyFileW(program, copy.c_str(), FALSE));
+    const ts::LoadedLibrary library(LoadLibraryExW(copy.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE));
+    ASSERT_NE(nullptr, library);
+    const wchar_t* const manifest = MAKEINTRESOURCEW(2);
+    AfxSetResourceHandle(library.get());
+    EXPECT_EQ(library.get(), AfxFindResourceHandle(manifest, RT_MANIFEST)) << "both have it";
+    AfxSetResourceHandle(g_resourceManager.GetResourceHandle());
+    EXPECT_EQ(AfxGetInstanceHandle(), AfxFindResourceHandle(manifest, RT_MANIFEST))
+        << "only the module has it";
+    EXPECT_EQ(g_resourceManager.GetResourceHandle(), AfxFindResourceHandle(L"NONE", RT_MANIFEST))
+        << "neither has it";
+    AfxSetResourceHandle(nullptr);
 }
 
 TEST(ResourceScopeTest, WhileItLives_TheLanguageLibraryIsTheResourceModule)

@@ -1,11 +1,40 @@
 #include "platform/mfc/atlcoll.h"
+#include "tests/platform/ImportPatch.h"
 
 #include <array>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <type_traits>
 
 static_assert(!std::is_copy_constructible_v<CAtlArray<int>>);
 static_assert(!std::is_copy_assignable_v<CAtlArray<int>>);
+
+extern "C"
+{
+    extern void* (*__imp_realloc)(void*, std::size_t);
+}
+
+TEST(CAtlArrayTest, Add_WithoutMemory_RaisesOutOfMemoryAndLeavesTheArray)
+{
+    using Realloc = void* (*)(void*, std::size_t);
+    static const Realloc s_realloc = __imp_realloc;
+    CAtlArray<int> array;
+    for (int number = 0; number < 16; ++number)
+    {
+        array.Add(number);
+    }
+    {
+        // Only the array's next size is refused: raising an exception may need memory, too.
+        const ts::test::ImportPatch<Realloc> patch(
+            &__imp_realloc, [](void* block, std::size_t size)
+            { return size == 32 * sizeof(int) ? nullptr : s_realloc(block, size); });
+        EXPECT_THROW(array.Add(16), CMemoryException);
+    }
+    EXPECT_EQ(16u, array.GetCount());
+    EXPECT_EQ(15, array[15]);
+    array.Add(16);
+    EXPECT_EQ(16, array[16]);
+}
 
 TEST(CAtlArrayTest, Construction_Default_IsEmpty)
 {

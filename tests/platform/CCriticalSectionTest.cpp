@@ -1,4 +1,5 @@
 #include "platform/mfc/afxmt.h"
+#include "tests/platform/ImportPatch.h"
 #include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
 
@@ -6,6 +7,11 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <thread>
+
+extern "C"
+{
+    extern decltype(&DeleteCriticalSection) __imp_DeleteCriticalSection;
+}
 
 namespace
 {
@@ -157,4 +163,22 @@ TEST(CCriticalSectionTest, Destruction_OfMany_LeavesNoHandles)
     }
     // The runtime keeps a handle or two for the waits of threads that really met.
     EXPECT_LT(ts::test::HandleCount(), before + kRounds / 10);
+}
+
+TEST(CCriticalSectionTest, Destruction_OfALock_GivesItBackToTheSystem)
+{
+    static int s_deleted = 0;
+    static const auto s_delete = __imp_DeleteCriticalSection;
+    s_deleted = 0;
+    const ts::test::ImportPatch<decltype(&DeleteCriticalSection)> patch(&__imp_DeleteCriticalSection,
+                                                                        [](CRITICAL_SECTION* section)
+                                                                        {
+                                                                            ++s_deleted;
+                                                                            s_delete(section);
+                                                                        });
+    {
+        const CCriticalSection section;
+        EXPECT_EQ(0, s_deleted);
+    }
+    EXPECT_EQ(1, s_deleted);
 }

@@ -99,6 +99,34 @@ TEST(CWinThreadTest, AfxGetThread_OnAThreadOfAfxBeginThread_IsItsObject)
     EXPECT_EQ(42u, End(meeting, handle.get()));
 }
 
+TEST(CWinThreadTest, AfxGetThread_WhenTheProcedureIsOver_IsNull)
+{
+    // What the thread leaves to the system is given back after its object is gone.
+    static const DWORD s_slot =
+        FlsAlloc([](void* after) { *static_cast<std::atomic<CWinThread*>*>(after) = AfxGetThread(); });
+    struct Seen
+    {
+        std::atomic<CWinThread*> during{nullptr};
+        std::atomic<CWinThread*> after{nullptr};
+    } seen;
+    CWinThread thread(
+        [](void* parameter) -> UINT
+        {
+            auto& noted = *static_cast<Seen*>(parameter);
+            noted.during = AfxGetThread();
+            noted.after = noted.during.load();
+            FlsSetValue(s_slot, &noted.after);
+            return 0;
+        },
+        &seen);
+    thread.m_bAutoDelete = FALSE;
+    ASSERT_TRUE(thread.CreateThread());
+    thread.ResumeThread();
+    ASSERT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread.m_hThread, kPatience));
+    EXPECT_EQ(&thread, seen.during.load());
+    EXPECT_EQ(nullptr, seen.after.load());
+}
+
 TEST(CWinThreadTest, End_OfAThread_IsWithTheResultOfItsProcedure)
 {
     for (const UINT code : {0u, 1u, 259u, 0xFFFFFFFFu})

@@ -54,6 +54,14 @@ class LanguageSet
         std::ofstream(PathOf(language), std::ios::binary) << bytes;
     }
 
+    /// A program, whose resources hold no texts: this one.
+    void AddWithoutTexts(const std::wstring& language) const
+    {
+        wchar_t program[MAX_PATH];
+        GetModuleFileNameW(nullptr, program, MAX_PATH);
+        ASSERT_NE(FALSE, CopyFileW(program, PathOf(language).c_str(), FALSE)) << GetLastError();
+    }
+
     [[nodiscard]] std::wstring Load(const wchar_t* language) const
     {
         const HMODULE library = ResourceDLL::LoadLanguageResource(Module(), language);
@@ -108,6 +116,14 @@ TEST(ResourceDLLTest, BrokenLibrary_FallsBackToEnglish)
     EXPECT_EQ(L"en", set.Load(L"it"));
 }
 
+TEST(ResourceDLLTest, LibraryWithoutTexts_FallsBackToEnglish)
+{
+    const LanguageSet set(L"textless");
+    set.Add(L"en", L"en");
+    set.AddWithoutTexts(L"de");
+    EXPECT_EQ(L"en", set.Load(L"de"));
+}
+
 TEST(ResourceDLLTest, NoLibraryAtAll_GivesNone)
 {
     const LanguageSet set(L"nothing");
@@ -126,7 +142,7 @@ TEST(ResourceDLLTest, LaterCalls_GiveTheSameHandle)
 
 TEST(ResourceDLLTest, PreferredLanguage_StandsBeforeTheUsers)
 {
-    for (const wchar_t* language : {L"de", L"fr", L"en"})
+    for (const wchar_t* language : {L"en", L"fr", L"de", L"fr"})
     {
         ResourceDLL::SetPreferredLanguage(language);
         EXPECT_EQ(language,

@@ -123,6 +123,41 @@ TEST(CDialogTest, Modal_OwnerIsDisabledMeanwhileAndActiveAfterwards)
     EXPECT_EQ(owner.m_hWnd, GetActiveWindow());
 }
 
+TEST(CDialogTest, Modal_OwnerIsEnabledAndActiveBeforeTheDialogGoes)
+{
+    /// Looks at its owner when its window is destroyed.
+    class LeavingDialog : public ControlsDialog
+    {
+      public:
+        explicit LeavingDialog(CWnd* owner) : ControlsDialog(owner, IDD_PLAIN), m_owner(owner)
+        {
+            m_exchanges = false;
+            m_onInit = [](ControlsDialog& shown) { PostCommand(shown, IDCANCEL); };
+        }
+        bool m_ownerIsEnabled = false;
+        bool m_ownerIsActive = false;
+
+      protected:
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+        {
+            if (message == WM_DESTROY)
+            {
+                m_ownerIsEnabled = m_owner->IsWindowEnabled() != FALSE;
+                m_ownerIsActive = GetActiveWindow() == m_owner->m_hWnd;
+            }
+            return ControlsDialog::WindowProc(message, wParam, lParam);
+        }
+
+      private:
+        CWnd* m_owner;
+    };
+    OpenDialog owner;
+    LeavingDialog dialog(&owner);
+    EXPECT_EQ(IDCANCEL, dialog.DoModal());
+    EXPECT_TRUE(dialog.m_ownerIsEnabled);
+    EXPECT_TRUE(dialog.m_ownerIsActive);
+}
+
 TEST(CDialogTest, ModalWithoutParent_BelongsToTheActiveWindow)
 {
     const OpenDialog active;

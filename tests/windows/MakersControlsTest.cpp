@@ -6,6 +6,7 @@
 #include "platform/ts/CcvSplitMenuButton.h"
 #include "platform/ts/CcvTimedBackgroundWaiter.h"
 #include "platform/ts/SuggestionList.h"
+#include "tests/platform/ImportPatch.h"
 #include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
 #include "tests/support/TextOutput.h"
@@ -18,6 +19,11 @@
 #include <memory>
 #include <mmsystem.h>
 #include <thread>
+
+extern "C"
+{
+    extern decltype(&CreateFontIndirectW) __imp_CreateFontIndirectW;
+}
 
 namespace
 {
@@ -176,6 +182,7 @@ TEST(SuggestionListTest, Enumerated_GivesCopiesInOrder)
     IEnumString* copy = nullptr;
     ASSERT_EQ(S_OK, each.Clone(&copy));
     EXPECT_EQ(S_FALSE, copy->Skip(2)) << "one is left";
+    EXPECT_EQ(S_FALSE, copy->Skip(1)) << "none is left";
     EXPECT_EQ(0U, copy->Release());
     EXPECT_EQ(0U, each.Release());
 }
@@ -239,6 +246,30 @@ TEST(GdiUtilitiesTest, DescribedFont_IsMadeWithItsWeight)
     EXPECT_EQ(std::wstring(description.lfFaceName), made.lfFaceName);
 }
 
+TEST(GdiUtilitiesTest, FontThatCannotBeMade_BecomesTheOneOfDialogs)
+{
+    static int s_refusals = 0;
+    static const auto s_create = __imp_CreateFontIndirectW;
+    const ImportPatch<decltype(&CreateFontIndirectW)> patch(
+        &__imp_CreateFontIndirectW,
+        [](const LOGFONTW* description) -> HFONT
+        { return s_refusals-- > 0 ? nullptr : s_create(description); });
+    LOGFONTW usual{};
+    ASSERT_NE(0, GetObjectW(GetStockObject(DEFAULT_GUI_FONT), sizeof usual, &usual));
+    LOGFONTW wanted = usual;
+    wanted.lfWeight = 900;
+    CFont font;
+    s_refusals = 1;
+    ASSERT_NE(FALSE, CcvGdiUtilities::CreateSafeFont(font, wanted));
+    LOGFONTW made{};
+    ASSERT_NE(FALSE, font.GetLogFont(&made));
+    EXPECT_EQ(usual.lfWeight, made.lfWeight);
+    EXPECT_EQ(std::wstring(usual.lfFaceName), made.lfFaceName);
+    CFont none;
+    s_refusals = 2;
+    EXPECT_EQ(FALSE, CcvGdiUtilities::CreateSafeFont(none, wanted));
+}
+
 TEST(SoundUtilitiesTest, NoSuchSound_IsQuietAndSaysSo)
 {
     EXPECT_EQ(FALSE, CcvSoundUtilities::PlaySoundHelper(L"C:\\no such sound.wav", nullptr,
@@ -286,6 +317,7 @@ TEST(TimedWaiterTest, WhileWaiting_SentMessagesAreAnsweredAndKeysStayInTheQueue)
 TEST(TimedWaiterTest, WindowGone_EndsTheWait)
 {
     Frame frame;
+    const ULONGLONG start = GetTickCount64();
     EXPECT_FALSE(CcvTimedBackgroundWaiter(&frame, 20'000, 10)
                      .Wait(
                          [&]
@@ -293,4 +325,27 @@ TEST(TimedWaiterTest, WindowGone_EndsTheWait)
                              frame.DestroyWindow();
                              return false;
                          }));
+    EXPECT_GT(10'000U, GetTickCount64() - start);
+}
+
+TEST(TimedWaiterTest, WhileWaiting_WindowsArePainted)
+{
+    /// Notes when it was asked to paint.
+    class PaintedFrame : public Frame
+    {
+      public:
+        bool m_painted = false;
+
+      protected:
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+        {
+            m_painted = m_painted || message == WM_PAINT;
+            return Frame::WindowProc(message, wParam, lParam);
+        }
+    };
+    PaintedFrame frame;
+    PumpMessages();
+    frame.m_painted = false;
+    InvalidateRect(frame.m_hWnd, nullptr, TRUE);
+    EXPECT_TRUE(CcvTimedBackgroundWaiter(&frame, 5000, 10).Wait([&] { return frame.m_painted; }));
 }

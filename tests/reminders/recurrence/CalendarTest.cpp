@@ -2,6 +2,7 @@
 #include "tests/reminders/recurrence/RandomPatterns.h"
 #include "tests/support/TextOutput.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -124,6 +125,31 @@ TEST(GetDayOfMonthTest, EveryMonthThatTheRuntimeKnows_EqualsTheDayByDayWalk)
                 }
             }
         }
+    }
+}
+
+TEST(GetDayOfMonthTest, AnotherZoneMeanwhile_IsFollowed)
+{
+    const auto expectSameDays = []
+    {
+        for (int year = 2020; year < 2034; ++year)
+        {
+            for (int month = 1; month <= 12; ++month)
+            {
+                const int dayType = 1 << (year + month) % 7;
+                ASSERT_NO_FATAL_FAILURE(ExpectSameDay(0, dayType, year, month));
+                ASSERT_NO_FATAL_FAILURE(ExpectSameDay(4, dayType, year, month));
+                ASSERT_NO_FATAL_FAILURE(ExpectSameDay(0, 256, year, month));
+            }
+        }
+    };
+    ASSERT_NO_FATAL_FAILURE(expectSameDays());
+    // One in which the clocks do not change at midnight, and back.
+    for (const char* zone : {"TZ=AAA3BBB", "TZ="})
+    {
+        _putenv(zone);
+        _tzset();
+        EXPECT_NO_FATAL_FAILURE(expectSameDays()) << zone;
     }
 }
 

@@ -84,6 +84,48 @@ TEST(CatchUpTest, OccurrenceWhoseReminderTimeIsNow_TakesOver)
     }
 }
 
+TEST(CatchUpTest, MonthOrYearWhoseReminderTimeIsNow_TakesOver)
+{
+    using Ordinal = EcvReminderDayIntegralType;
+    using DayType = EcvReminderDayType;
+    const CTime due(2026, 11, 2, 9, 0, 0);
+    struct Row
+    {
+        CcvReminderData record;
+        CTime next;
+    };
+    for (Row row : {Row{MonthlyOnDay(1, 2), CTime(2026, 12, 2, 9, 0, 0)},
+                    Row{MonthlyOn(1, Ordinal::First, DayType::Monday), CTime(2026, 12, 7, 9, 0, 0)},
+                    Row{YearlyOnDay(11, 2), CTime(2027, 11, 2, 9, 0, 0)},
+                    Row{YearlyOn(11, Ordinal::First, DayType::Monday), CTime(2027, 11, 1, 9, 0, 0)}})
+    {
+        row.record.SetReminderTimeSpan(3600);
+        for (const std::int64_t offset : {-1, 0, 1})
+        {
+            row.record.SetNextDueDate(due);
+            const CTime now = row.next - CTimeSpan(3600 - offset);
+            EXPECT_EQ(offset < 0 ? due : row.next, row.record.GetCalculatedDueTime(now))
+                << PatternText{row.record} << ' ' << offset;
+        }
+    }
+}
+
+TEST(CatchUpTest, OccurrenceThatIsDueNow_StaysWhateverTheLeadTime)
+{
+    constexpr std::int64_t kYears = 3 * 366 * 86400;
+    const CTime due(2026, 11, 2, 9, 0, 0);
+    for (CcvReminderData record :
+         {EveryNDays(1), EveryWeekday(), Weekly(1, 127), MonthlyOnDay(1, 2), YearlyOnDay(11, 2)})
+    {
+        // The reminder times of later occurrences have come long ago.
+        record.SetReminderTimeSpan(kYears);
+        record.SetNextDueDate(due);
+        EXPECT_EQ(due, record.GetCalculatedDueTime(due)) << PatternText{record};
+        EXPECT_EQ(due, record.GetNextDueDate()) << PatternText{record};
+        EXPECT_LT(due, record.GetCalculatedDueTime(due + CTimeSpan(1))) << PatternText{record};
+    }
+}
+
 TEST(CatchUpTest, BeyondTheRuntimesYears_StillEqualsTheLiteralWalk)
 {
     RandomSource random;

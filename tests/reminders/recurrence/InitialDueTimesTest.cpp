@@ -167,6 +167,28 @@ TEST(UpcomingDueTimeTest, OccurrenceEarlierToday_IsKept)
         << "ahead already";
 }
 
+TEST(UpcomingDueTimeTest, EachType_AsksForTheTimeOnce)
+{
+    // A clock that leaps a year whenever it is asked.
+    static std::int64_t s_now = 0;
+    ts::ReplaceClock([]() noexcept { return s_now += 366 * 86400; });
+    const CTime start(2026, 11, 21, 9, 0, 0);
+    const CTime today(2027, 11, 22, 9, 0, 0);
+    struct Row
+    {
+        CcvReminderData record;
+        CTime expected;
+    };
+    for (const Row& row : {Row{EveryNDays(1), today}, Row{Weekly(1, 127), today},
+                           Row{MonthlyOnDay(1, 21), CTime(2027, 12, 21, 9, 0, 0)},
+                           Row{YearlyOnDay(11, 21), CTime(2028, 11, 21, 9, 0, 0)}})
+    {
+        s_now = CTime(2026, 11, 21, 12, 0, 0).GetTime();
+        EXPECT_EQ(row.expected, Upcoming(start, row.record)) << PatternText{row.record};
+    }
+    ts::ReplaceClock(nullptr);
+}
+
 TEST(UpcomingDueTimeTest, PatternThatDoesNotAdvance_KeepsTheStart)
 {
     const FixedClock clock(CTime(2026, 11, 21, 10, 0, 0));
@@ -179,6 +201,35 @@ TEST(UpcomingDueTimeTest, PatternThatDoesNotAdvance_KeepsTheStart)
                                           MonthlyOnDay(0, 5), unknownDaily, unknownMonthly})
     {
         EXPECT_EQ(start, Upcoming(start, record)) << PatternText{record};
+    }
+}
+
+TEST(UpcomingDueTimeTest, TwoOccurrencesOnOneLongDay_KeepsTheFirst)
+{
+    // Where the clocks go back, two occurrences that are 24 hours apart can share a date.
+    for (int day = 1; day <= 365; ++day)
+    {
+        const CTime noon = CTime(2026, 1, 1, 12, 0, 0) + CTimeSpan((day - 1) * 86400);
+        const CTime first(noon.GetYear(), noon.GetMonth(), noon.GetDay(), 0, 5, 0);
+        const CTime start = first - CTimeSpan(7 * 86400);
+        const CTime now = first + CTimeSpan(86400 + 600);
+        const FixedClock clock(now);
+        ASSERT_EQ(CTime(literal::Upcoming(Type::Daily, start.GetTime(), now.GetTime(), EveryNDays(1))),
+                  Upcoming(start, EveryNDays(1)))
+            << first;
+    }
+}
+
+TEST(UpcomingDueTimeTest, TimesWithoutADate_ShareOneAndHaveNotPassed)
+{
+    for (const std::int64_t now : {std::int64_t{-1'000'000}, std::int64_t{40'000'000'000}})
+    {
+        const FixedClock clock{CTime(now)};
+        const CTime start(now - 500'000);
+        for (const CcvReminderData& record : {EveryNDays(1), Weekly(1, 127), EveryWeekday()})
+        {
+            EXPECT_EQ(start, Upcoming(start, record)) << PatternText{record};
+        }
     }
 }
 

@@ -430,4 +430,29 @@ std::int64_t CalculatedDueTime(std::int64_t now, const CcvReminderData& record)
     return due;
 }
 
+std::int64_t DefaultDueTime(std::int64_t now)
+{
+    const Local local = LocalOf(now);
+    int hour = local.fields.tm_hour;
+    int minute = local.fields.tm_min;
+    if (minute >= 46)
+    {
+        minute = 0;
+        hour += 1;
+    }
+    else if (minute >= 31)
+    {
+        minute = 45;
+    }
+    else if (minute >= 16)
+    {
+        minute = 30;
+    }
+    else if (minute >= 1)
+    {
+        minute = 15;
+    }
+    return BuildTime(YearOf(local), MonthOf(local), DayOf(local), hour, minute, 0);
+}
+
 } // namespace ts::test::literal

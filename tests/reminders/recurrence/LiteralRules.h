@@ -55,6 +55,9 @@ std::int64_t Upcoming(EcvReminderRecurrenceType type, std::int64_t start, std::i
 /// later one.
 std::int64_t CalculatedDueTime(std::int64_t now, const CcvReminderData& record);
 
+/// The due time of a reminder that is made at `now`.
+std::int64_t DefaultDueTime(std::int64_t now);
+
 /// The outcome of a rule, its failure included.
 template <typename Rule>
 Outcome OutcomeOf(Rule rule)

@@ -1,4 +1,5 @@
 #include "tests/reminders/recurrence/Patterns.h"
+#include "tests/reminders/recurrence/RandomPatterns.h"
 #include "tests/support/FixedClock.h"
 #include "tests/support/TextOutput.h"
 
@@ -110,4 +111,28 @@ TEST(DismissTest, RecurringWithoutANextTime_HasNoTime)
     record.SetNextDueDate(Today(9));
     record.SetDismissed(true);
     EXPECT_EQ(CTime(0), record.GetNextDueDate());
+}
+
+TEST(DefaultDueTimeTest, AnyTime_EqualsTheLiteralRule)
+{
+    const auto expectLiteral = [](std::int64_t now, const RandomSource& random)
+    {
+        const FixedClock clock{CTime(now)};
+        ASSERT_EQ(literal::OutcomeOf([&] { return literal::DefaultDueTime(now); }),
+                  LibraryOutcome([] { return CcvReminderData().GetNextDueDate().GetTime(); }))
+            << random << ' ' << CTime(now);
+    };
+    RandomSource random;
+    for (int round = 0; round < 5000; ++round)
+    {
+        ASSERT_NO_FATAL_FAILURE(expectLiteral(RandomTime(random), random));
+    }
+    // The runtime's first and last two days, which begin and end in other years in other zones.
+    constexpr std::int64_t kFirst = -86'400;
+    constexpr std::int64_t kLast = 32'535'129'600;
+    for (std::int64_t minute = 0; minute < 3 * 1440; minute += 5)
+    {
+        ASSERT_NO_FATAL_FAILURE(expectLiteral(kFirst + 60 * minute, random));
+        ASSERT_NO_FATAL_FAILURE(expectLiteral(kLast + 60 * minute, random));
+    }
 }

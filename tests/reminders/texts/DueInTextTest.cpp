@@ -49,6 +49,39 @@ INSTANTIATE_TEST_SUITE_P(Languages, DueInTextTest, testing::Values(L"en", L"de",
                          [](const auto& language)
                          { return std::string(language.param, language.param + 2); });
 
+/// A distance, and the number and the count of the text that tells it.
+struct Distance
+{
+    std::int64_t seconds;
+    unsigned id;
+    int count;
+};
+constexpr Distance kDistances[] = {
+    {0, 203, 1},
+    {59, 203, 1},
+    {2 * kMinute, 210, 2},
+    {59 * kMinute + 59, 210, 59},
+    {kHour, 202, 1},
+    {kHour + 29 * kMinute, 202, 1},
+    {90 * kMinute, 209, 2},
+    {23 * kHour + 30 * kMinute, 209, 24},
+    {kDay, 200, 1},
+    {kDay + 12 * kHour, 208, 2},
+    {7 * kDay + 11 * kHour, 208, 7},
+    {7 * kDay + 12 * kHour, 206, 1},
+    {10 * kDay, 206, 1},
+    {11 * kDay, 212, 2},
+    {30 * kDay, 212, 4},
+    {31 * kDay, 204, 1},
+    {45 * kDay, 204, 1},
+    {46 * kDay, 211, 2},
+    {350 * kDay, 211, 12},
+    {351 * kDay, 207, 1},
+    {547 * kDay, 207, 1},
+    {548 * kDay, 213, 2},
+    {36500 * kDay, 213, 100},
+};
+
 } // namespace
 
 TEST_P(DueInTextTest, SecondsAroundEveryMinuteOfThreeDays_EqualTheLiteralRule)
@@ -88,39 +121,8 @@ TEST_P(DueInTextTest, AnyDistance_EqualsTheLiteralRule)
 
 TEST(DueInTextRoundingTest, KnownDistances_ChooseUnitAndCount)
 {
-    struct Row
-    {
-        std::int64_t seconds;
-        unsigned id;
-        int count;
-    };
-    const Row rows[] = {
-        {0, 203, 1},
-        {59, 203, 1},
-        {2 * kMinute, 210, 2},
-        {59 * kMinute + 59, 210, 59},
-        {kHour, 202, 1},
-        {kHour + 29 * kMinute, 202, 1},
-        {90 * kMinute, 209, 2},
-        {23 * kHour + 30 * kMinute, 209, 24},
-        {kDay, 200, 1},
-        {kDay + 12 * kHour, 208, 2},
-        {7 * kDay + 11 * kHour, 208, 7},
-        {7 * kDay + 12 * kHour, 206, 1},
-        {10 * kDay, 206, 1},
-        {11 * kDay, 212, 2},
-        {30 * kDay, 212, 4},
-        {31 * kDay, 204, 1},
-        {45 * kDay, 204, 1},
-        {46 * kDay, 211, 2},
-        {350 * kDay, 211, 12},
-        {351 * kDay, 207, 1},
-        {547 * kDay, 207, 1},
-        {548 * kDay, 213, 2},
-        {36500 * kDay, 213, 100},
-    };
     ts::SetInterfaceLanguage(L"en");
-    for (const Row& row : rows)
+    for (const Distance& row : kDistances)
     {
         const CString inner = literal::Formatted(L"en", row.id, row.count);
         wchar_t expected[200] = L"";

@@ -29,6 +29,42 @@ HMODULE LibraryOf(const std::wstring& language)
     return library;
 }
 
+/// A text for a count, by its number.
+struct Counted
+{
+    unsigned id = 0;
+    std::int64_t count = 0;
+};
+
+Counted CountedDays(std::int64_t d)
+{
+    Counted counted;
+    if (d > 350)
+    {
+        counted.count = d / 365;
+        counted.count += d - 365 * counted.count >= 183 ? 1 : 0;
+        counted.id = counted.count < 2 ? 207 : 213;
+    }
+    else if (d > 30)
+    {
+        counted.count = d / 30;
+        counted.count += d - 30 * counted.count >= 16 ? 1 : 0;
+        counted.id = counted.count < 2 ? 204 : 211;
+    }
+    else if (d < 8)
+    {
+        counted.count = d;
+        counted.id = d < 2 ? 200 : 208;
+    }
+    else
+    {
+        counted.count = d / 7;
+        counted.count += d - 7 * counted.count >= 4 ? 1 : 0;
+        counted.id = counted.count < 2 ? 206 : 212;
+    }
+    return counted;
+}
+
 } // namespace
 
 CString TextOf(const wchar_t* language, unsigned id)
@@ -54,46 +90,22 @@ CString DueIn(const wchar_t* language, std::int64_t seconds)
     const std::int64_t hours = totalHours - 24 * days;
     const std::int64_t totalMinutes = s / 60;
     const std::int64_t minutes = totalMinutes - 60 * totalHours;
-    unsigned id = 0;
-    std::int64_t count = 0;
+    Counted counted;
     if (days > 0)
     {
-        const std::int64_t d = hours >= 12 ? days + 1 : days;
-        if (d > 350)
-        {
-            count = d / 365;
-            count += d - 365 * count >= 183 ? 1 : 0;
-            id = count < 2 ? 207 : 213;
-        }
-        else if (d > 30)
-        {
-            count = d / 30;
-            count += d - 30 * count >= 16 ? 1 : 0;
-            id = count < 2 ? 204 : 211;
-        }
-        else if (d < 8)
-        {
-            count = d;
-            id = d < 2 ? 200 : 208;
-        }
-        else
-        {
-            count = d / 7;
-            count += d - 7 * count >= 4 ? 1 : 0;
-            id = count < 2 ? 206 : 212;
-        }
+        counted = CountedDays(hours >= 12 ? days + 1 : days);
     }
     else if (hours < 1)
     {
-        count = minutes < 1 ? 1 : minutes;
-        id = count < 2 ? 203 : 210;
+        counted.count = minutes < 1 ? 1 : minutes;
+        counted.id = counted.count < 2 ? 203 : 210;
     }
     else
     {
-        count = minutes >= 30 ? hours + 1 : hours;
-        id = count < 2 ? 202 : 209;
+        counted.count = minutes >= 30 ? hours + 1 : hours;
+        counted.id = counted.count < 2 ? 202 : 209;
     }
-    const CString inner = Formatted(language, id, count);
+    const CString inner = Formatted(language, counted.id, counted.count);
     wchar_t text[512] = L"";
     _snwprintf(text, 511, TextOf(language, overdue ? 205 : 201), inner.GetString());
     return text;
