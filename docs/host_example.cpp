@@ -60,5 +60,6 @@ int main()
         return 1;
     }
     window.ManageReminders();
+    window.DestroyWindow(); // before the members that its messages reach
     return 0;
 }
