@@ -186,11 +186,14 @@ TEST_F(OutlookWorkerTest, Command_OfEachKindButRemove_WritesTheIdentifiersBack)
     for (const std::uint32_t kind : kAllKinds)
     {
         DeleteStoredIdentifiers();
-        const auto without = Snapshot();
+        const auto expected = kind == kRemove ? Snapshot() : whole;
+        const HostWindow window(
+            kMainClass, [&] { EXPECT_EQ(expected, Snapshot()) << "hosts are told afterwards: " << kind; });
         Worker worker;
         worker.Queue(record, kind);
         EXPECT_TRUE(worker.Finish());
-        EXPECT_EQ(kind == kRemove ? without : whole, Snapshot()) << kind;
+        EXPECT_EQ(expected, Snapshot()) << kind;
+        EXPECT_EQ(1, window.Count());
     }
 }
 

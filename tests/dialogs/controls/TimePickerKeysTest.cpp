@@ -102,6 +102,23 @@ TEST(TimePickerKeysTest, EachKey_MovesStepsOrDoesNothing)
     }
 }
 
+TEST(TimePickerKeysTest, SelectedField_IsScrolledIntoView)
+{
+    PickerHarness window(kTwoDigits, CRect(20, 20, 75, 43));
+    window.picker->SetFocus();
+    CRect view;
+    window.picker->GetRect(view);
+    window.Select(kHour);
+    ASSERT_GT(window.LeftOf(8), view.right) << "the text is wider than its place";
+    PressKey(VK_RIGHT);
+    PressKey(VK_RIGHT);
+    ASSERT_EQ(kDesignator, window.Selected());
+    EXPECT_LE(window.LeftOf(8), view.right);
+    PressKey(VK_LEFT);
+    PressKey(VK_LEFT);
+    EXPECT_GE(window.LeftOf(0), 0);
+}
+
 TEST(TimePickerKeysTest, SteppedTime_IsShown)
 {
     PickerHarness window(kTwoDigits);
