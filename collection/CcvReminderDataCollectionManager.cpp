@@ -3,7 +3,7 @@
 #include "collection/MessageWait.h"
 #include "collection/OutlookCommandQueue.h"
 #include "collection/OutlookWorker.h"
-#include "collection/SynchronizationMessage.h"
+#include "collection/SynchronizationSender.h"
 #include "module/CcvReminderOptionUtilities.h"
 #include "module/RegistryPaths.h"
 #include "outlook/OutlookAppointments.h"
