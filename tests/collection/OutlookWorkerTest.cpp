@@ -281,6 +281,26 @@ TEST_F(OutlookWorkerTest, Command_WhoseKeyWentToAnotherTopic_LeavesThatAlone)
     }
 }
 
+TEST_F(OutlookWorkerTest, Command_WhoseKeyWentToAnotherTopic_LeavesThatsAppointmentAlone)
+{
+    CcvReminderData unmirrored = StoreMirrored();
+    unmirrored.SetOutlookObjectGuid(L"");
+    WatchOutlook();
+    for (const wchar_t* const part : {L"MapGuid", L"ObjectGuid"})
+    {
+        DeleteKeyTree(PathOf(L"{M-0}"));
+        StoreMirrored();
+        Key(L"{M-0}").Write(part, RawText(L"another"));
+        for (const std::uint32_t kind : {1u, 2u, 3u})
+        {
+            Worker worker;
+            worker.Queue(unmirrored, kind);
+            EXPECT_TRUE(worker.Finish());
+            EXPECT_FALSE(WasOutlookTried()) << "with the other's identifiers: " << kind;
+        }
+    }
+}
+
 TEST_F(OutlookWorkerTest, Command_OfAReminderWhoseDocumentMoved_IsStillThatReminders)
 {
     const CcvReminderData record = StoreMirrored();
