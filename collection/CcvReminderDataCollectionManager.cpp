@@ -3,7 +3,7 @@
 #include "collection/MessageWait.h"
 #include "collection/OutlookCommandQueue.h"
 #include "collection/OutlookWorker.h"
-#include "collection/SynchronizationMessage.h"
+#include "collection/SynchronizationSender.h"
 #include "module/CcvReminderOptionUtilities.h"
 #include "module/RegistryPaths.h"
 #include "outlook/OutlookAppointments.h"
@@ -49,7 +49,7 @@ bool CcvReminderDataCollectionManager::AddReminder(CcvReminderData* record, bool
     const bool ok = record->SaveDataToRegistry(ts::kRemindersPath);
     if (IsMirrored(synchronizeWithOutlook))
     {
-        AddOutlookReminder(*record);
+        AddOutlookReminder(record);
     }
     SendSynchornizationMessage();
     return ok;
@@ -64,7 +64,7 @@ bool CcvReminderDataCollectionManager::ModifyReminder(CcvReminderData* record, b
     record->SaveDataToRegistry(ts::kRemindersPath);
     if (IsMirrored(synchronizeWithOutlook))
     {
-        ModifyOutlookReminder(*record);
+        ModifyOutlookReminder(record);
     }
     SendSynchornizationMessage();
     return true;
@@ -72,14 +72,14 @@ bool CcvReminderDataCollectionManager::ModifyReminder(CcvReminderData* record, b
 
 bool CcvReminderDataCollectionManager::DeleteReminder(CcvReminderData* record, bool synchronizeWithOutlook)
 {
-    if (GetReminderIndex(*record) < 0)
+    if (GetReminderIndex(record) < 0)
     {
         return false;
     }
     const bool ok = record->DeleteDataFromRegistry(ts::kRemindersPath);
     if (IsMirrored(synchronizeWithOutlook))
     {
-        RemoveOutlookReminder(*record);
+        RemoveOutlookReminder(record);
     }
     SendSynchornizationMessage();
     return ok;
@@ -92,7 +92,7 @@ bool CcvReminderDataCollectionManager::DismissReminder(CcvReminderData* record)
     const bool ok = record->SaveDataToRegistry(ts::kRemindersPath);
     if (record->IsRecurrent() && IsMirrored(true))
     {
-        QueueOutlookCommand(*record, ts::OutlookCommandKind::Dismiss, previousDueDate);
+        QueueOutlookCommand(record, ts::OutlookCommandKind::Dismiss, previousDueDate);
     }
     if (ok)
     {
@@ -124,7 +124,7 @@ bool CcvReminderDataCollectionManager::EndReminder(CcvReminderData* record)
 bool CcvReminderDataCollectionManager::UpdateReminderPath(CcvReminderData* record,
                                                           const CString& newDocumentPath)
 {
-    if (GetReminderIndex(*record) < 0)
+    if (GetReminderIndex(record) < 0)
     {
         return false;
     }
@@ -150,7 +150,7 @@ bool CcvReminderDataCollectionManager::UpdateReminderCollection()
 
 bool CcvReminderDataCollectionManager::OpenOutlookAppointment(CcvReminderData* record)
 {
-    if (GetReminderIndex(*record) < 0)
+    if (GetReminderIndex(record) < 0)
     {
         return false;
     }
@@ -198,9 +198,9 @@ int CcvReminderDataCollectionManager::GetRemindersCount() const
     return static_cast<int>(m_reminders.GetCount());
 }
 
-int CcvReminderDataCollectionManager::GetReminderIndex(const CcvReminderData& record) const
+int CcvReminderDataCollectionManager::GetReminderIndex(const CcvReminderData* record) const
 {
-    const CString guid = record.GetGuid();
+    const CString guid = record->GetGuid();
     for (int index = 0; index < GetRemindersCount(); ++index)
     {
         if (m_reminders[index]->HasGuid(guid))
@@ -300,27 +300,27 @@ bool CcvReminderDataCollectionManager::IsMirrored(bool synchronizeWithOutlook) c
            CcvReminderOptionUtilities::GetSynchronizeOutlookAppointments();
 }
 
-void CcvReminderDataCollectionManager::AddOutlookReminder(const CcvReminderData& record)
+void CcvReminderDataCollectionManager::AddOutlookReminder(const CcvReminderData* record)
 {
     QueueOutlookCommand(record, ts::OutlookCommandKind::Add);
 }
 
-void CcvReminderDataCollectionManager::ModifyOutlookReminder(const CcvReminderData& record)
+void CcvReminderDataCollectionManager::ModifyOutlookReminder(const CcvReminderData* record)
 {
     QueueOutlookCommand(record, ts::OutlookCommandKind::Modify);
 }
 
-void CcvReminderDataCollectionManager::RemoveOutlookReminder(const CcvReminderData& record)
+void CcvReminderDataCollectionManager::RemoveOutlookReminder(const CcvReminderData* record)
 {
     QueueOutlookCommand(record, ts::OutlookCommandKind::Remove);
 }
 
-void CcvReminderDataCollectionManager::QueueOutlookCommand(const CcvReminderData& record,
+void CcvReminderDataCollectionManager::QueueOutlookCommand(const CcvReminderData* record,
                                                            ts::OutlookCommandKind kind,
                                                            const CTime& previousDueDate)
 {
     auto command = std::make_unique<ts::QueuedOutlookCommand>();
-    command->record = std::make_unique<CcvReminderData>(record);
+    command->record = std::make_unique<CcvReminderData>(*record);
     command->kind = kind;
     command->previousDueDate = previousDueDate;
     m_outlookQueue->Append(std::move(command));

@@ -93,12 +93,12 @@ class TS_API CcvReminderDataCollectionManager
     void StopOutlookWorker();
     bool LoadRemindersFromRegistry();
     void EmptyReminders();
-    [[nodiscard]] int GetReminderIndex(const CcvReminderData& record) const;
+    [[nodiscard]] int GetReminderIndex(const CcvReminderData* record) const;
     [[nodiscard]] bool IsMirrored(bool synchronizeWithOutlook) const;
-    void AddOutlookReminder(const CcvReminderData& record);
-    void ModifyOutlookReminder(const CcvReminderData& record);
-    void RemoveOutlookReminder(const CcvReminderData& record);
-    void QueueOutlookCommand(const CcvReminderData& record, ts::OutlookCommandKind kind,
+    void AddOutlookReminder(const CcvReminderData* record);
+    void ModifyOutlookReminder(const CcvReminderData* record);
+    void RemoveOutlookReminder(const CcvReminderData* record);
+    void QueueOutlookCommand(const CcvReminderData* record, ts::OutlookCommandKind kind,
                              const CTime& previousDueDate = CTime());
     /// Spelt so; part of the interface.
     void SendSynchornizationMessage();

@@ -1,7 +1,7 @@
 #include "collection/OutlookWorker.h"
 
 #include "collection/CcvOutlookCommand.h"
-#include "collection/SynchronizationMessage.h"
+#include "collection/SynchronizationSender.h"
 #include "module/RegistryPaths.h"
 #include "outlook/OutlookAppointments.h"
 

@@ -19,8 +19,4 @@ inline constexpr wchar_t kMainWindowClass[] = L"Tessaly25WndClass";
 /// The window of the reminder service.
 inline constexpr wchar_t kServiceWindowClass[] = L"Tessaly25ReminderServiceWndClass";
 
-/// Sends the message, to the main window first, and waits until each has answered. The sender's own window is
-/// not left out.
-void SendSynchronizationMessage();
-
 } // namespace ts

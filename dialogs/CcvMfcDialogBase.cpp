@@ -4,7 +4,6 @@
 #include "module/ResourceScope.h"
 
 #include <memory>
-#include <utility>
 
 // A facade is one pointer, and its copies share what it points to: the exported interface wants it so.
 
@@ -16,7 +15,9 @@ CcvMfcDialogBase& CcvMfcDialogBase::operator=(CcvMfcDialogBase&& other) noexcept
 
 CcvMfcDialogBase::~CcvMfcDialogBase()
 {
-    const std::unique_ptr<CcvMfcDialogBaseInternal> ended(std::exchange(m_internalDialog, nullptr));
+    // What the dialog does at its end may still ask the facade for it.
+    std::unique_ptr<CcvMfcDialogBaseInternal>(m_internalDialog).reset();
+    m_internalDialog = nullptr;
 }
 
 INT_PTR CcvMfcDialogBase::DoModal()

@@ -1,5 +1,6 @@
 #include "collection/CcvOutlookCommand.h"
 #include "tests/collection/CollectionTest.h"
+#include "tests/support/VirtualSlot.h"
 
 #include <memory>
 
@@ -31,6 +32,24 @@ static_assert(sizeof(CcvAddReminderToOutlookCommand) == sizeof(CcvOutlookCommand
 static_assert(sizeof(CcvModifyReminderInOutlookCommand) == sizeof(CcvOutlookCommand));
 static_assert(sizeof(CcvRemoveReminderFromOutlookCommand) == sizeof(CcvOutlookCommand));
 static_assert(sizeof(CcvDismissReminderInOutlookCommand) == sizeof(CcvOutlookCommand) + sizeof(CTime));
+
+// What commands do not change of their base.
+static_assert(
+    std::is_same_v<decltype(&CcvDismissReminderInOutlookCommand::Serialize), void (CObject::*)(CArchive&)>);
+static_assert(
+    std::is_same_v<decltype(&CcvDismissReminderInOutlookCommand::AssertValid), void (CObject::*)() const>);
+static_assert(std::is_same_v<decltype(&CcvDismissReminderInOutlookCommand::Dump),
+                             void (CObject::*)(CDumpContext&) const>);
+
+TEST_F(CcvOutlookCommandTest, VirtualFunctions_StandInTheirOrder)
+{
+    EXPECT_EQ(0, VirtualSlotOf(&CcvOutlookCommand::GetRuntimeClass));
+    // The destructor takes two places.
+    EXPECT_EQ(3, VirtualSlotOf(&CcvOutlookCommand::Serialize));
+    EXPECT_EQ(4, VirtualSlotOf(&CcvOutlookCommand::AssertValid));
+    EXPECT_EQ(5, VirtualSlotOf(&CcvOutlookCommand::Dump));
+    EXPECT_EQ(6, VirtualSlotOf(&CcvOutlookCommand::Execute));
+}
 
 TEST_F(CcvOutlookCommandTest, RuntimeClass_OfEachCommand_IsItsOwnBelowTheCommonBase)
 {

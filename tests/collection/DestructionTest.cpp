@@ -33,6 +33,12 @@ class DestructionTest : public CollectionTest
         }
     }
 
+    /// Waits until another thread has sent a message to a window of this one, without answering it.
+    static void WaitForASentMessage()
+    {
+        EXPECT_EQ(WAIT_OBJECT_0, MsgWaitForMultipleObjects(0, nullptr, FALSE, 20'000, QS_SENDMESSAGE));
+    }
+
     /// Lets a short time pass, often none.
     static void Dally(RandomSource& random)
     {
@@ -128,7 +134,7 @@ TEST_F(DestructionTest, Destruction_InTheMiddleOfTheList_DiscardsTheRest)
         Modify(*manager, 10);
         EXPECT_EQ(10, told);
     }
-    Sleep(50);
+    WaitForASentMessage();
     EXPECT_EQ(10, told);
     manager.reset();
     EXPECT_EQ(11, told) << "the one that was begun is finished, the others are not";
@@ -142,8 +148,8 @@ TEST_F(DestructionTest, Destruction_WhileTheWorkerSendsToTheDestroyingThread_End
         const HostWindow window(windowClass);
         Modify(*manager, 1);
         // Without anything that answers messages the worker is soon stuck in its own.
-        EXPECT_FALSE(QueueOf(*manager)->GetUnfinishedCount() == 0);
-        Sleep(20);
+        WaitForASentMessage();
+        EXPECT_NE(0, QueueOf(*manager)->GetUnfinishedCount());
         EXPECT_EQ(1, window.Count());
         manager.reset();
         EXPECT_EQ(2, window.Count());

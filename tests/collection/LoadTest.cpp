@@ -5,10 +5,34 @@
 #include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
 
+#include <sddl.h>
+
 namespace ts::test
 {
 namespace
 {
+
+/// While it lives, nobody may do more with a key than to read it.
+class ReadOnlyKey
+{
+  public:
+    explicit ReadOnlyKey(HKEY key) : m_key(key) { SetAccess(L"D:(A;;KR;;;WD)"); }
+    ReadOnlyKey(const ReadOnlyKey&) = delete;
+    ReadOnlyKey& operator=(const ReadOnlyKey&) = delete;
+    ~ReadOnlyKey() { SetAccess(L"D:(A;;KA;;;WD)"); }
+
+  private:
+    void SetAccess(const wchar_t* text) const
+    {
+        PSECURITY_DESCRIPTOR access = nullptr;
+        EXPECT_TRUE(
+            ConvertStringSecurityDescriptorToSecurityDescriptorW(text, SDDL_REVISION_1, &access, nullptr));
+        EXPECT_EQ(ERROR_SUCCESS, RegSetKeySecurity(m_key, DACL_SECURITY_INFORMATION, access));
+        LocalFree(access);
+    }
+
+    HKEY m_key;
+};
 
 class LoadTest : public CollectionTest
 {
@@ -102,6 +126,18 @@ TEST_F(LoadTest, Load_AfterARecordThatFails_KeepsTheOthersByTheirKeyOnly)
         EXPECT_TRUE(whole.UpdateReminderCollection()) << "the damaged one is gone";
         EXPECT_EQ(2, whole.GetRemindersCount());
     }
+}
+
+TEST_F(LoadTest, Load_OfAStoreThatMayOnlyBeRead_Succeeds)
+{
+    StoreTopics({L"first"});
+    const RawKey root(kStore);
+    const ReadOnlyKey readOnly(root.Get());
+    HKEY writable = nullptr;
+    ASSERT_EQ(ERROR_ACCESS_DENIED, RegOpenKeyExW(HKEY_CURRENT_USER, kStore, 0, KEY_WRITE, &writable));
+    Manager manager(false);
+    EXPECT_EQ(1, manager.GetRemindersCount());
+    EXPECT_TRUE(manager.UpdateReminderCollection());
 }
 
 TEST_F(LoadTest, Update_AfterTheStoreChanged_HasTheNewState)

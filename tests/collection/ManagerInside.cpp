@@ -1,5 +1,7 @@
 #include "tests/collection/ManagerInside.h"
 
+#include <bit>
+
 namespace ts::test
 {
 namespace
@@ -28,8 +30,14 @@ struct WorkerTag
 
 struct IndexTag
 {
-    using Member = int (Manager::*)(const CcvReminderData&) const;
+    using Member = int (Manager::*)(const CcvReminderData*) const;
     friend Member Open(IndexTag);
+};
+
+struct RemindersTag
+{
+    using Member = CAtlArray<CcvReminderData*> Manager::*;
+    friend Member Open(RemindersTag);
 };
 
 struct LockTag
@@ -41,6 +49,7 @@ struct LockTag
 template struct Opener<LockTag, &OutlookCommandQueue::m_lock>;
 template struct Opener<QueueTag, &Manager::m_outlookQueue>;
 template struct Opener<WorkerTag, &Manager::m_workerThread>;
+template struct Opener<RemindersTag, &Manager::m_reminders>;
 template struct Opener<IndexTag, &Manager::GetReminderIndex>;
 
 } // namespace
@@ -57,7 +66,14 @@ CWinThread* WorkerOf(const Manager& manager)
 
 int IndexOf(const Manager& manager, const CcvReminderData& record)
 {
-    return (manager.*Open(IndexTag()))(record);
+    return (manager.*Open(IndexTag()))(&record);
+}
+
+std::vector<std::size_t> MemberOffsets()
+{
+    // A pointer to a data member is its offset.
+    return {std::bit_cast<std::size_t>(Open(QueueTag())), std::bit_cast<std::size_t>(Open(WorkerTag())),
+            std::bit_cast<std::size_t>(Open(RemindersTag()))};
 }
 
 CCriticalSection& LockOf(const OutlookCommandQueue& queue)

@@ -3,6 +3,9 @@
 #include "collection/CcvReminderDataCollectionManager.h"
 #include "collection/OutlookWorker.h"
 
+#include <cstddef>
+#include <vector>
+
 namespace ts::test
 {
 
@@ -11,6 +14,8 @@ namespace ts::test
 [[nodiscard]] OutlookCommandQueue* QueueOf(const CcvReminderDataCollectionManager& manager);
 [[nodiscard]] CWinThread* WorkerOf(const CcvReminderDataCollectionManager& manager);
 [[nodiscard]] int IndexOf(const CcvReminderDataCollectionManager& manager, const CcvReminderData& record);
+/// Where the manager keeps its queue, its worker and its reminders, in bytes from its beginning.
+[[nodiscard]] std::vector<std::size_t> MemberOffsets();
 /// The lock that readers of the queue's running flag wait for.
 [[nodiscard]] CCriticalSection& LockOf(const OutlookCommandQueue& queue);
 

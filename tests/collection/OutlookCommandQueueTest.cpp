@@ -4,6 +4,7 @@
 #include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
 
+#include <cstddef>
 #include <gtest/gtest.h>
 #include <string>
 #include <thread>
@@ -29,6 +30,11 @@ int NumberOf(const std::unique_ptr<QueuedOutlookCommand>& command)
 } // namespace
 
 static_assert(!std::is_copy_constructible_v<OutlookCommandQueue>);
+static_assert(std::is_same_v<std::underlying_type_t<OutlookCommandKind>, std::uint32_t>);
+static_assert(offsetof(QueuedOutlookCommand, record) == 0);
+static_assert(offsetof(QueuedOutlookCommand, kind) == 8);
+static_assert(offsetof(QueuedOutlookCommand, previousDueDate) == 16);
+static_assert(sizeof(QueuedOutlookCommand::previousDueDate) == 8);
 static_assert(static_cast<std::uint32_t>(OutlookCommandKind::Add) == 0);
 static_assert(static_cast<std::uint32_t>(OutlookCommandKind::Modify) == 1);
 static_assert(static_cast<std::uint32_t>(OutlookCommandKind::Remove) == 2);

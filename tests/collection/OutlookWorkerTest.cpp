@@ -186,11 +186,14 @@ TEST_F(OutlookWorkerTest, Command_OfEachKindButRemove_WritesTheIdentifiersBack)
     for (const std::uint32_t kind : kAllKinds)
     {
         DeleteStoredIdentifiers();
-        const auto without = Snapshot();
+        const auto expected = kind == kRemove ? Snapshot() : whole;
+        const HostWindow window(
+            kMainClass, [&] { EXPECT_EQ(expected, Snapshot()) << "hosts are told afterwards: " << kind; });
         Worker worker;
         worker.Queue(record, kind);
         EXPECT_TRUE(worker.Finish());
-        EXPECT_EQ(kind == kRemove ? without : whole, Snapshot()) << kind;
+        EXPECT_EQ(expected, Snapshot()) << kind;
+        EXPECT_EQ(1, window.Count());
     }
 }
 
@@ -275,6 +278,26 @@ TEST_F(OutlookWorkerTest, Command_WhoseKeyWentToAnotherTopic_LeavesThatAlone)
         worker.Queue(record, kind);
         EXPECT_TRUE(worker.Finish());
         EXPECT_EQ(before, Snapshot()) << kind;
+    }
+}
+
+TEST_F(OutlookWorkerTest, Command_WhoseKeyWentToAnotherTopic_LeavesThatsAppointmentAlone)
+{
+    CcvReminderData unmirrored = StoreMirrored();
+    unmirrored.SetOutlookObjectGuid(L"");
+    WatchOutlook();
+    for (const wchar_t* const part : {L"MapGuid", L"ObjectGuid"})
+    {
+        DeleteKeyTree(PathOf(L"{M-0}"));
+        StoreMirrored();
+        Key(L"{M-0}").Write(part, RawText(L"another"));
+        for (const std::uint32_t kind : {1u, 2u, 3u})
+        {
+            Worker worker;
+            worker.Queue(unmirrored, kind);
+            EXPECT_TRUE(worker.Finish());
+            EXPECT_FALSE(WasOutlookTried()) << "with the other's identifiers: " << kind;
+        }
     }
 }
 

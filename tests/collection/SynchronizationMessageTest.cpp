@@ -1,6 +1,7 @@
 // Who hears of a change.
 
 #include "collection/SynchronizationMessage.h"
+#include "collection/SynchronizationSender.h"
 #include "tests/collection/CollectionTest.h"
 #include "tests/support/HandleCount.h"
 

@@ -65,6 +65,37 @@ TEST_F(WakeUpTest, Commands_EachAwaitedByItsMessage_AllSendIt)
     }
 }
 
+TEST_F(WakeUpTest, Change_WhileTheWorkerIsAboutToSleep_WakesItUntilItIsAwake)
+{
+    Store(NewDailyReminder(L"first"));
+    Manager manager(true);
+    OutlookCommandQueue& queue = *QueueOf(manager);
+    const KernelHandle mayAnswer(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    const OtherHost slow(kMainClass, [&] { WaitForSingleObject(mayAnswer.get(), 60'000); });
+    QueueNothing(manager);
+    ASSERT_TRUE(Eventually([&] { return slow.Count() == 1; }));
+    // The worker, which waits in its message, stands for one that has announced its sleep but does not sleep
+    // yet: a single resume would be lost.
+    ASSERT_TRUE(queue.BeginSleep());
+    std::atomic<bool> awake{false};
+    std::thread worker(
+        [&]
+        {
+            Sleep(100);
+            awake = true;
+            queue.EndSleep();
+        });
+    {
+        // A change that cannot be written is queued all the same, and nobody is told, who would not answer.
+        const LockedKey locked(L"{M-0}");
+        EXPECT_FALSE(manager.DismissReminder(manager.GetReminderByIndex(0)));
+        EXPECT_TRUE(awake);
+    }
+    worker.join();
+    SetEvent(mayAnswer.get());
+    EXPECT_TRUE(Finish(manager));
+}
+
 TEST_F(WakeUpTest, Commands_QueuedFromWithinTheWorkersMessage_AreExecuted)
 {
     Manager manager(true);

@@ -1,10 +1,12 @@
 // Changes of the collection as they arrive in Outlook, through the worker and real proxies.
 
 #include "module/CcvReminderOptionUtilities.h"
+#include "tests/collection/HostWindow.h"
 #include "tests/collection_outlook/WorkerTest.h"
 #include "tests/outlook_standin/Standin.h"
 
 #include <algorithm>
+#include <thread>
 
 namespace ts::test
 {
@@ -199,6 +201,26 @@ TEST_F(MirrorTest, Open_ShowsTheAppointment_WhateverTheOptionSays)
     CcvReminderData stranger = OneTimeRecord();
     stranger.SetObjectGuid(L"unknown");
     EXPECT_FALSE(m_manager->OpenOutlookAppointment(&stranger));
+}
+
+TEST_F(MirrorTest, Open_WhileAMessageReloadsTheCollection_StillOpensIt)
+{
+    CcvReminderData record = OneTimeRecord();
+    CcvReminderData* const stored = AddAndFinish(record);
+    const HostWindow window(kMainClass, [&] { m_manager->UpdateReminderCollection(); });
+    m_outlook.ClearCalls();
+    SlowDown(20ms);
+    // Frees the record while Outlook is asked for the first time; calls let messages through.
+    std::thread other(
+        [&]
+        {
+            EXPECT_TRUE(BecomesTrue([&] { return Count(L"call Application.GetNamespace") > 0; }));
+            SendMessageW(window.Get(), WM_APP + 120, 0, 0);
+        });
+    EXPECT_TRUE(m_manager->OpenOutlookAppointment(stored));
+    EXPECT_EQ(1, window.Count()) << "in the middle of the call";
+    other.join();
+    EXPECT_EQ(1, Count(L"call Appointment.Display"));
 }
 
 TEST_F(MirrorTest, Open_WhileTheWorkerIsBusy_DoesNotWaitForIt)

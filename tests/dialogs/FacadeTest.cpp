@@ -1,6 +1,11 @@
+#include "dialogs/CcvMfcAddReminderDialog.h"
 #include "dialogs/CcvMfcDialogBase.h"
 #include "dialogs/CcvMfcDialogBaseInternal.h"
+#include "dialogs/CcvMfcManageRemindersDialog.h"
+#include "dialogs/CcvMfcReminderAlertDialog.h"
 #include "module/ResourceScope.h"
+#include "tests/support/Allocations.h"
+#include "tests/support/VirtualSlot.h"
 #include "tests/support/WindowDriver.h"
 #include "tests/windows/TestDialogs.h"
 
@@ -23,6 +28,9 @@ struct Events
     HINSTANCE resourcesWhileCreated = nullptr;
     HINSTANCE resourcesInTheLoop = nullptr;
     HWND shown = nullptr;
+    HWND owner = nullptr;
+    const CcvMfcDialogBase* facade = nullptr;
+    const CcvMfcDialogBaseInternal* ownedAtTheEnd = nullptr; ///< by the facade
 };
 
 class TestDialogInternal : public CcvMfcDialogBaseInternal
@@ -36,7 +44,14 @@ class TestDialogInternal : public CcvMfcDialogBaseInternal
         ++m_events.alive;
         m_events.resourcesWhileConstructed = AfxGetResourceHandle();
     }
-    ~TestDialogInternal() override { --m_events.alive; }
+    ~TestDialogInternal() override
+    {
+        --m_events.alive;
+        if (m_events.facade != nullptr)
+        {
+            m_events.ownedAtTheEnd = m_events.facade->GetInternalDialog();
+        }
+    }
 
     using CcvMfcDialogBaseInternal::Create;
     BOOL Create(UINT id, CWnd* parent) override
@@ -52,13 +67,17 @@ class TestDialogInternal : public CcvMfcDialogBaseInternal
     {
         const BOOL result = CcvMfcDialogBaseInternal::OnInitDialog();
         SetScreenView(L"Test", EcvFeedbackType::ScreenView, EcvSendFeedback::AsUserAllows);
-        PostMessage(WM_COMMAND, IDOK);
+        if (!m_staysOpen)
+        {
+            PostMessage(WM_COMMAND, IDOK);
+        }
         return result;
     }
     void OnScreenView(const CString& name, EcvFeedbackType, EcvSendFeedback) override { m_screen = name; }
     [[nodiscard]] bool HasTemplateName() const { return m_lpszTemplateName != nullptr; }
 
     bool m_createThrows = false;
+    bool m_staysOpen = false;
     CString m_screen;
 
   protected:
@@ -66,6 +85,7 @@ class TestDialogInternal : public CcvMfcDialogBaseInternal
     {
         m_events.resourcesInTheLoop = AfxGetResourceHandle();
         m_events.shown = m_hWnd;
+        m_events.owner = ::GetWindow(m_hWnd, GW_OWNER);
         CcvMfcDialogBaseInternal::OnOK();
     }
 
@@ -109,6 +129,30 @@ class FacadeTest : public testing::Test
 static_assert(sizeof(CcvMfcDialogBase) == 2 * sizeof(void*),
               "the table of virtual functions and one pointer");
 static_assert(std::has_virtual_destructor_v<CcvMfcDialogBase>);
+static_assert(std::is_same_v<decltype(&CcvMfcDialogBase::Create), BOOL (CcvMfcDialogBase::*)(UINT, CWnd*)>);
+static_assert(std::is_same_v<decltype(&CcvMfcDialogBase::DoModal), INT_PTR (CcvMfcDialogBase::*)()>);
+static_assert(std::is_same_v<decltype(&CcvMfcDialogBase::GetSafeHwnd), HWND (CcvMfcDialogBase::*)() const>);
+static_assert(std::is_base_of_v<CcvMfcEnhancedDialogBase, CcvMfcEnhancedDialog>);
+
+template <typename Facade>
+constexpr bool kAddsNothing =
+    std::is_base_of_v<CcvMfcDialogBase, Facade> && sizeof(Facade) == sizeof(CcvMfcDialogBase) &&
+    std::is_same_v<decltype(&Facade::DoModal), decltype(&CcvMfcDialogBase::DoModal)>&& std::
+        is_same_v<decltype(&Facade::Create), decltype(&CcvMfcDialogBase::Create)>&& std::is_same_v<
+            decltype(&Facade::GetSafeHwnd), decltype(&CcvMfcDialogBase::GetSafeHwnd)>;
+static_assert(kAddsNothing<CcvMfcAddReminderDialog>);
+static_assert(kAddsNothing<CcvMfcManageRemindersDialog>);
+static_assert(kAddsNothing<CcvMfcReminderAlertDialog>);
+
+TEST(FacadeInterfaceTest, VirtualFunctions_StandInTheirOrder)
+{
+    // The destructor takes the first two places.
+    EXPECT_EQ(2, VirtualSlotOf(&CcvMfcDialogBase::DoModal));
+    EXPECT_EQ(3, VirtualSlotOf(&CcvMfcDialogBase::Create));
+    EXPECT_EQ(4, VirtualSlotOf(&CcvMfcDialogBase::GetSafeHwnd));
+    EXPECT_EQ(-1, VirtualSlotOf(&CcvMfcDialogBase::GetInternalDialog));
+    EXPECT_EQ(-1, VirtualSlotOf(&CcvMfcDialogBase::SetInternalDialog));
+}
 
 TEST_F(FacadeTest, Constructed_InternalDialogWithoutAWindow)
 {
@@ -138,6 +182,16 @@ TEST_F(FacadeTest, Modal_WindowWhileItRunsAndResultAfterwards)
     EXPECT_EQ(HostModule(), m_events.resourcesInTheLoop) << "the loop runs with the host's resources";
     EXPECT_EQ(HostModule(), AfxGetResourceHandle());
     EXPECT_EQ(L"Test", std::wstring(dialog.Internal().m_screen.GetString()));
+}
+
+TEST_F(FacadeTest, ModalOverAParent_BelongsToIt)
+{
+    TestDialog other(m_events);
+    other.Internal().m_staysOpen = true;
+    ASSERT_NE(FALSE, other.Create(IDD_PLAIN, nullptr));
+    TestDialog dialog(m_events, other.GetInternalDialog());
+    EXPECT_EQ(IDOK, dialog.DoModal());
+    EXPECT_EQ(other.GetSafeHwnd(), m_events.owner);
 }
 
 TEST_F(FacadeTest, ModalAgain_TheSameTemplateIsShown)
@@ -188,6 +242,52 @@ TEST_F(FacadeTest, FacadeEndsBeforeItsModelessWindow_BothGo)
     }
     EXPECT_EQ(FALSE, IsWindow(window));
     EXPECT_EQ(0, m_events.alive);
+}
+
+TEST_F(FacadeTest, Destroyed_ItHasItsInternalDialogUntilThatIsGone)
+{
+    const CcvMfcDialogBaseInternal* internal = nullptr;
+    {
+        const TestDialog dialog(m_events);
+        m_events.facade = &dialog;
+        internal = dialog.GetInternalDialog();
+    }
+    EXPECT_EQ(internal, m_events.ownedAtTheEnd);
+}
+
+namespace
+{
+
+/// A facade without memory raises and leaves the host's resources, however far it gets.
+template <typename Facade, typename... Arguments>
+void ExpectToRaiseWithoutMemory(Arguments... arguments)
+{
+    int spared = 0;
+    for (bool constructed = false; !constructed; ++spared)
+    {
+        try
+        {
+            const StarvedThread starved(spared);
+            const Facade facade(arguments...);
+            constructed = true;
+        }
+        catch (const std::bad_alloc&)
+        {
+        }
+        EXPECT_EQ(HostModule(), AfxGetResourceHandle()) << spared;
+    }
+    EXPECT_LT(1, spared) << "memory is needed";
+}
+
+} // namespace
+
+TEST_F(FacadeTest, ConstructedWithoutMemory_RaisesAndHostsResourcesAreBack)
+{
+    CcvReminderDataCollectionManager* const noManager = nullptr;
+    CWnd* const noParent = nullptr;
+    ExpectToRaiseWithoutMemory<CcvMfcManageRemindersDialog>(noManager, noParent);
+    ExpectToRaiseWithoutMemory<CcvMfcReminderAlertDialog>(noManager, noParent);
+    ExpectToRaiseWithoutMemory<CcvMfcAddReminderDialog>(noParent);
 }
 
 TEST_F(FacadeTest, OtherInternalDialogSet_FormerOneIsTheCallersAgain)

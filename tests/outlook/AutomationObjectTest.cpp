@@ -7,6 +7,8 @@
 #include <array>
 #include <gtest/gtest.h>
 #include <optional>
+#include <psapi.h>
+#include <string>
 #include <thread>
 
 namespace ts::test
@@ -305,6 +307,41 @@ INSTANTIATE_TEST_SUITE_P(
                     Failure{"FilledInLater", DISP_E_EXCEPTION, 0, true, E_ABORT, L"filled in"},
                     Failure{"DirectCode", E_FAIL, E_ACCESSDENIED, false, E_FAIL, L"ignored code"}),
     [](const auto& failure) { return failure.param.title; });
+
+namespace
+{
+
+/// The memory that the process has in use.
+std::size_t WorkingSet()
+{
+    PROCESS_MEMORY_COUNTERS counters{};
+    EXPECT_TRUE(K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters));
+    return counters.WorkingSetSize;
+}
+
+} // namespace
+
+TEST_F(AutomationObjectTest, Invoke_ThatFailsWithLongTexts_FreesThem)
+{
+    constexpr int kRounds = 100;
+    // Far longer than what is kept for the next text.
+    const std::wstring text(500'000, L'x');
+    const std::size_t before = WorkingSet();
+    for (const auto member : {&EXCEPINFO::bstrSource, &EXCEPINFO::bstrHelpFile, &EXCEPINFO::bstrDescription})
+    {
+        m_server.onInvoke = [&](DISPID, VARIANT*, EXCEPINFO* error)
+        {
+            error->*member = SysAllocString(text.c_str());
+            return DISP_E_EXCEPTION;
+        };
+        for (int round = 0; round < kRounds; ++round)
+        {
+            EXPECT_EQ(DISP_E_EXCEPTION, CodeOf([&] { m_object->Call(m_member); }));
+        }
+    }
+    // A text of each round would be a million bytes.
+    EXPECT_GT(before + kRounds * text.size(), WorkingSet());
+}
 
 TEST_F(AutomationObjectTest, Invoke_ThatFailsWithoutAWord_RaisesItsResult)
 {

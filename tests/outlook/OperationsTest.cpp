@@ -2,13 +2,17 @@
 
 #include "module/LanguageText.h"
 #include "outlook/OutlookAppointments.h"
+#include "outlook/OutlookMembers.h"
 #include "resources/StringIds.h"
 #include "tests/outlook/OutlookTest.h"
 
 #include <algorithm>
 #include <array>
+#include <comdef.h>
 #include <functional>
+#include <objbase.h>
 #include <set>
+#include <thread>
 
 namespace ts::test
 {
@@ -257,6 +261,58 @@ TEST_F(OperationsTest, WhenActivationIsRefused_EveryOperationEndsInSilence)
             EXPECT_EQ(std::optional(false), SynchronizeInProgress()) << operation.title;
         }
     }
+}
+
+TEST_F(OperationsTest, OutlookInsideTheOwnProcess_IsNotWhatIsAskedFor)
+{
+    _com_ptr_t<_com_IIID<IClassFactory, &IID_IClassFactory>> factory;
+    void* found = nullptr;
+    ASSERT_EQ(S_OK, CoGetClassObject(outlook::kApplicationClass, CLSCTX_LOCAL_SERVER, nullptr,
+                                     IID_IClassFactory, &found));
+    factory.Attach(static_cast<IClassFactory*>(found));
+    m_class.reset();
+    DWORD cookie = 0;
+    ASSERT_EQ(S_OK, CoRegisterClassObject(outlook::kApplicationClass, factory, CLSCTX_INPROC_SERVER,
+                                          REGCLS_MULTIPLEUSE, &cookie));
+    CcvReminderData record = OneTimeRecord();
+    AddAppointmentToOutlook(record);
+    EXPECT_TRUE(record.GetOutlookObjectGuid().IsEmpty());
+    EXPECT_EQ(Texts(), TakeCalls(record));
+    EXPECT_EQ(S_OK, CoRevokeClassObject(cookie));
+}
+
+namespace
+{
+
+bool IsInSingleThreadedApartment()
+{
+    APTTYPE type = APTTYPE_CURRENT;
+    APTTYPEQUALIFIER qualifier = APTTYPEQUALIFIER_NONE;
+    return CoGetApartmentType(&type, &qualifier) == S_OK && (type == APTTYPE_STA || type == APTTYPE_MAINSTA);
+}
+
+} // namespace
+
+TEST(OutlookMissingTest, EveryOperation_EntersTheThreadsApartmentOnceMoreAndStays)
+{
+    std::thread(
+        []
+        {
+            EXPECT_FALSE(IsInSingleThreadedApartment());
+            for (const Operation& operation : kOperations)
+            {
+                CcvReminderData record = Identified();
+                operation.run(record);
+                EXPECT_TRUE(IsInSingleThreadedApartment()) << operation.title;
+            }
+            for (const Operation& operation : kOperations)
+            {
+                EXPECT_TRUE(IsInSingleThreadedApartment()) << operation.title;
+                CoUninitialize();
+            }
+            EXPECT_FALSE(IsInSingleThreadedApartment()) << "entered as often as there were operations";
+        })
+        .join();
 }
 
 TEST(OutlookMissingTest, EveryOperation_EndsInSilence)

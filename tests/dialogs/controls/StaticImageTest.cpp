@@ -4,6 +4,7 @@
 #include "tests/dialogs/controls/HostWindow.h"
 #include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
+#include "tests/support/VirtualSlot.h"
 #include "tests/support/WindowDriver.h"
 
 #include <gtest/gtest.h>
@@ -96,6 +97,14 @@ Icon RedIcon(bool half = false)
 }
 
 } // namespace
+
+TEST(CcvStaticImageTest, VirtualFunctions_StandInTheirOrder)
+{
+    EXPECT_EQ(VirtualSlotOf(&CStatic::DrawItem), VirtualSlotOf(&CcvStaticImage::DrawItem));
+    const auto first = VirtualSlotOf(&CcvStaticImage::SetImageBitmap);
+    EXPECT_LT(VirtualSlotOf(&CcvStaticImage::DrawItem), first);
+    EXPECT_EQ(first + 1, VirtualSlotOf(&CcvStaticImage::SetImageIcon));
+}
 
 TEST(CcvStaticImageTest, Bitmap_IsDrawnWithoutItsTransparentPixels)
 {

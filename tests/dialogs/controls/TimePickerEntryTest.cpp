@@ -20,6 +20,8 @@ namespace
 {
 
 constexpr TimePickerUser kEqualDesignators{"equal designators", false, L"", L"", L"h:mm tt", L":"};
+constexpr TimePickerUser kDifferInCase{
+    "designators that differ in case", false, L"Xm", L"xM", L"h:mm tt", L":"};
 constexpr TimePickerUser kSameKey{"same key", false, L"\u5348\u524D", L"\u5348\u5F8C", L"tt h:mm", L":"};
 
 CTime At(int hour, int minute, int second = 0)
@@ -142,9 +144,12 @@ TEST(TimePickerStepTest, OfDesignator_TurnsTheHalfOfTheDayInBothDirections)
 
 TEST(TimePickerStepTest, OfDesignatorWithoutMeaning_LeavesTheHour)
 {
-    UsersFields equal(kEqualDesignators, At(15, 7));
-    equal.fields.Step(Field::Designator, true);
-    EXPECT_EQ(At(15, 7), equal.fields.GetTime());
+    for (const TimePickerUser& who : {kEqualDesignators, kDifferInCase})
+    {
+        UsersFields equal(who, At(15, 7));
+        equal.fields.Step(Field::Designator, true);
+        EXPECT_EQ(At(15, 7), equal.fields.GetTime()) << who.title;
+    }
     // Twenty-four hours say by themselves which half it is.
     UsersFields whole({"", true, L"AM", L"PM", L"H:mm tt", L":"}, At(15, 7));
     whole.fields.Step(Field::Designator, true);

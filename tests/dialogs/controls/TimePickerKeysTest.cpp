@@ -3,6 +3,8 @@
 #include "tests/dialogs/controls/PickerHarness.h"
 #include "tests/support/TextOutput.h"
 
+#include <bit>
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 using namespace ts::test;
@@ -100,6 +102,59 @@ TEST(TimePickerKeysTest, EachKey_MovesStepsOrDoesNothing)
         window.picker->SetTime(now);
         EXPECT_EQ(TextOf(window.edit), window.Text());
     }
+}
+
+namespace
+{
+
+/// Counts the messages of one kind that a window gets while it lives.
+class MessageCount
+{
+  public:
+    MessageCount(HWND window, UINT message) : m_window(window), m_message(message)
+    {
+        EXPECT_TRUE(SetWindowSubclass(window, &Procedure, 1, std::bit_cast<DWORD_PTR>(this)));
+    }
+    MessageCount(const MessageCount&) = delete;
+    MessageCount& operator=(const MessageCount&) = delete;
+    ~MessageCount() { RemoveWindowSubclass(m_window, &Procedure, 1); }
+
+    [[nodiscard]] int Get() const noexcept { return m_count; }
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                      DWORD_PTR self) noexcept
+    {
+        auto& count = *std::bit_cast<MessageCount*>(self);
+        count.m_count += message == count.m_message ? 1 : 0;
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+
+    HWND m_window;
+    UINT m_message;
+    int m_count = 0;
+};
+
+} // namespace
+
+TEST(TimePickerKeysTest, SelectedField_IsScrolledIntoView)
+{
+    PickerHarness window(kTwoDigits, CRect(20, 20, 75, 43));
+    window.picker->SetFocus();
+    CRect view;
+    window.picker->GetRect(view);
+    window.Select(kHour);
+    ASSERT_GT(window.LeftOf(8), view.right) << "the text is wider than its place";
+    // Some systems' edits scroll to what is selected by themselves.
+    const MessageCount scrolls(window.edit, EM_SCROLLCARET);
+    PressKey(VK_RIGHT);
+    PressKey(VK_RIGHT);
+    ASSERT_EQ(kDesignator, window.Selected());
+    EXPECT_LE(window.LeftOf(8), view.right);
+    EXPECT_EQ(2, scrolls.Get());
+    PressKey(VK_LEFT);
+    PressKey(VK_LEFT);
+    EXPECT_GE(window.LeftOf(0), 0);
 }
 
 TEST(TimePickerKeysTest, SteppedTime_IsShown)

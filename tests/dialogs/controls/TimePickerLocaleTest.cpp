@@ -4,6 +4,7 @@
 #include "tests/support/TextOutput.h"
 
 #include <gtest/gtest.h>
+#include <string>
 
 using ts::test::LocaleSettings;
 
@@ -64,13 +65,22 @@ TEST(TimePickerLocaleTest, WithLongDesignators_TakesEightAndNineCharacters)
 
 TEST(TimePickerLocaleTest, AtStartUp_StaysWhenSettingsChange)
 {
-    const ts::TimePickerLocale before = ts::StartUpTimePickerLocale();
+    // Not asked for before the change; by itself this test also shows that the first question is no start-up.
+    const ts::TimePickerLocale before = ts::ReadTimePickerLocale();
     LocaleSettings settings;
     settings.Set(LOCALE_ITIME, before.is24Hour ? L"0" : L"1");
     settings.Set(LOCALE_S1159, L"Zz");
     EXPECT_EQ(CString(L"Zz"), ts::ReadTimePickerLocale().amDesignator);
     EXPECT_EQ(before.is24Hour, ts::StartUpTimePickerLocale().is24Hour);
     EXPECT_EQ(before.amDesignator, ts::StartUpTimePickerLocale().amDesignator);
+}
+
+TEST(TimeFormatTest, WithLongTexts_TakesSeventyNineCharacters)
+{
+    LocaleSettings settings;
+    const std::wstring longest = L"HH:mm:ss" + std::wstring(71, L'x');
+    settings.Set(LOCALE_STIMEFORMAT, longest);
+    EXPECT_EQ(CString(longest.c_str()), ts::ReadTimeFormat().picture);
 }
 
 TEST(TimeFormatTest, ReadFromTheSystem_FollowsItsSettings)

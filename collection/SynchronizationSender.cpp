@@ -1,3 +1,5 @@
+#include "collection/SynchronizationSender.h"
+
 #include "collection/SynchronizationMessage.h"
 
 namespace ts
