@@ -227,14 +227,15 @@ TYPED_TEST(PaneKeysTest, Mnemonics_LeadFromTheDialogToThePane)
     }
 }
 
-TYPED_TEST(PaneKeysTest, OpenedAndClosedOften_LeavesNothing)
+TYPED_TEST(PaneKeysTest, ManyRounds_LeaveNothingBehind)
 {
     const auto once = [] { const typename TestFixture::Open open([](auto&) {}); };
     once();
     const std::size_t windows = WindowCount();
     const std::size_t objects = GdiObjectCount();
     const std::size_t handles = HandleCount();
-    for (int round = 0; round < Rounds(100); ++round)
+    // The counts must be the same to the last object, so a leak shows in any round.
+    for (int round = 0; round < Rounds(20); ++round)
     {
         once();
     }
