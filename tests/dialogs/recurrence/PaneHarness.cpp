@@ -27,6 +27,10 @@ BOOL OuterDialog::OnInitDialog()
 void OuterDialog::OnOK()
 {
     ++m_oks;
+    if (m_duringOk)
+    {
+        m_duringOk();
+    }
     m_accepted += m_pane.UpdateData(TRUE) != FALSE ? 1 : 0;
 }
 

@@ -9,6 +9,7 @@
 #include "tests/support/FixedClock.h"
 #include "tests/support/WindowDriver.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
@@ -44,6 +45,7 @@ class OuterDialog : public CDialog
     int m_oks = 0;
     int m_accepted = 0;
     int m_cancels = 0;
+    std::function<void()> m_duringOk;
     CDateTimeCtrl m_date;
 
   protected:
