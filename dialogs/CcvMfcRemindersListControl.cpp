@@ -485,7 +485,7 @@ void CcvMfcRemindersListControl::SortRows()
     {
         const int index = FindCollectionIndex(row).value_or(0);
         const Row& data = m_rows[index];
-        CcvReminderData* const reminder = m_manager->GetReminderByIndex(index);
+        CcvReminderData* const reminder = FindReminder(index, data);
         keys.push_back({data.isRecurrent, View(data.subject), View(data.documentTitle),
                         reminder == nullptr ? std::nullopt : ts::FindDueTime(*reminder, now)});
         indices.push_back(index);
