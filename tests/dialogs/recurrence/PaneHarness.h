@@ -63,6 +63,8 @@ struct Exchange
     bool accepted = false;
     bool asked = false;
     std::wstring message;
+    HICON icon = nullptr; ///< of the message
+    int buttons = 0;      ///< how many it had
     int focus = 0;
 };
 
