@@ -1,5 +1,6 @@
 // Fonts, pictures, icons and orders that a user would not miss at first sight.
 
+#include "module/InterfaceLanguage.h"
 #include "tests/dialogs/Picture.h"
 #include "tests/dialogs/reminders/AlertHarness.h"
 
@@ -108,6 +109,34 @@ TEST_F(AlertDetailsTest, SubjectColumnThatTheUserNarrowed_KeepsALittleWidth)
     List().SetColumnWidth(1, 60);
     Resize(Dialog(), size.cx, size.cy);
     EXPECT_EQ(40, List().GetColumnWidth(1));
+}
+
+TEST_F(AlertDetailsTest, BoldDueIn_FitsItsColumnInEveryLanguage)
+{
+    // Fonts differ between machines.
+    constexpr int kPercentOfTheRoom = 90;
+    constexpr int kMarginOfCells = 5;
+    CcvReminderData soon = DueAt(Noon() + CTimeSpan(55 * 60));
+    soon.SetReminderTimeSpan(kSecondsPerHour);
+    m_store.Add(soon);
+    for (const wchar_t* const language : {L"en", L"de", L"fr"})
+    {
+        ts::SetInterfaceLanguage(language);
+        Open();
+        LOGFONTW font = FontOf(List().m_hWnd);
+        font.lfWeight = FW_BOLD;
+        const HFONT bold = CreateFontIndirectW(&font);
+        const HDC dc = GetDC(List().m_hWnd);
+        const HGDIOBJ former = SelectObject(dc, bold);
+        const std::wstring text = List().GetItemText(0, 3).GetString();
+        SIZE size{};
+        GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
+        SelectObject(dc, former);
+        ReleaseDC(List().m_hWnd, dc);
+        DeleteObject(bold);
+        const int room = List().GetColumnWidth(3) - 2 * kMarginOfCells;
+        EXPECT_LE(size.cx, room * kPercentOfTheRoom / 100) << testing::PrintToString(text);
+    }
 }
 
 TEST_F(AlertDetailsTest, Close_DismissesFromTheFirstRowToTheLast)
