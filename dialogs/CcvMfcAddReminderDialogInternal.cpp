@@ -190,9 +190,9 @@ BOOL CcvMfcAddReminderDialogInternal::OnInitDialog()
     AttachControls();
     CreatePanes();
     UpdateData(FALSE);
-    // Centred as it will be seen.
-    LayOut();
+    // Centred at its full height, so that there is room when the section opens.
     CenterWindow();
+    LayOut();
     SetForegroundWindow();
     return result;
 }

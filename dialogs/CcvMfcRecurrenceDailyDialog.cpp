@@ -45,8 +45,7 @@ BOOL CcvMfcRecurrenceDailyDialog::OnInitDialog()
 
 void CcvMfcRecurrenceDailyDialog::OnOK()
 {
-    m_messages.Remove();
-    ts::PassToOuterDialog(*this, IDOK);
+    ts::PassOkToOuterDialog(*this, m_messages);
 }
 
 void CcvMfcRecurrenceDailyDialog::OnCancel()

@@ -108,8 +108,7 @@ BOOL CcvMfcRecurrenceMonthlyDialog::OnInitDialog()
 
 void CcvMfcRecurrenceMonthlyDialog::OnOK()
 {
-    m_messages.Remove();
-    ts::PassToOuterDialog(*this, IDOK);
+    ts::PassOkToOuterDialog(*this, m_messages);
 }
 
 void CcvMfcRecurrenceMonthlyDialog::OnCancel()

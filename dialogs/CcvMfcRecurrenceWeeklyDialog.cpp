@@ -62,8 +62,7 @@ BOOL CcvMfcRecurrenceWeeklyDialog::OnInitDialog()
 
 void CcvMfcRecurrenceWeeklyDialog::OnOK()
 {
-    m_messages.Remove();
-    ts::PassToOuterDialog(*this, IDOK);
+    ts::PassOkToOuterDialog(*this, m_messages);
 }
 
 void CcvMfcRecurrenceWeeklyDialog::OnCancel()

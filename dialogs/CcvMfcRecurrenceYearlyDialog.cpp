@@ -132,8 +132,7 @@ BOOL CcvMfcRecurrenceYearlyDialog::OnInitDialog()
 
 void CcvMfcRecurrenceYearlyDialog::OnOK()
 {
-    m_messages.Remove();
-    ts::PassToOuterDialog(*this, IDOK);
+    ts::PassOkToOuterDialog(*this, m_messages);
 }
 
 void CcvMfcRecurrenceYearlyDialog::OnCancel()

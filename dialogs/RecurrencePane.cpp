@@ -36,6 +36,17 @@ void ts::PassToOuterDialog(const CWnd& pane, UINT command)
     ::SendMessageW(::GetParent(pane.m_hWnd), WM_COMMAND, command, 0);
 }
 
+void ts::PassOkToOuterDialog(const CWnd& pane, DialogMessageRegistration& messages)
+{
+    const HWND window = pane.m_hWnd;
+    PassToOuterDialog(pane, IDOK);
+    // The dialog may have destroyed the pane, and its registration with it.
+    if (IsWindow(window) != FALSE)
+    {
+        messages.Remove();
+    }
+}
+
 void ts::FillMonths(CComboBox& combo)
 {
     for (unsigned month = 0; month < kMonths; ++month)

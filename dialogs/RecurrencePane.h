@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/DialogMessageHook.h"
 #include "platform/mfc/BasicControls.h"
 #include "reminders/CcvReminderData.h"
 
@@ -12,6 +13,8 @@ namespace ts
 
 /// Gives a command such as IDOK to the dialog around a pane.
 void PassToOuterDialog(const CWnd& pane, UINT command);
+/// Gives OK to it, after which the pane is offered no more keys by itself.
+void PassOkToOuterDialog(const CWnd& pane, DialogMessageRegistration& messages);
 
 // Each appends its entries to a combo box, with texts in the interface language.
 

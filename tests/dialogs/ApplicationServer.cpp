@@ -3,7 +3,6 @@
 #include "dialogs/HostApplication.h"
 #include "tests/support/RawRegistry.h"
 
-#include <objbase.h>
 #include <stdexcept>
 #include <string>
 
@@ -123,13 +122,12 @@ class ApplicationServer::Factory : public IClassFactory
     ApplicationServer& m_server;
 };
 
-ApplicationServer::ApplicationServer() : m_factory(std::make_unique<Factory>(*this))
+ApplicationServer::ApplicationServer(DWORD context) : m_factory(std::make_unique<Factory>(*this))
 {
     CoInitialize(nullptr);
     // COM reads the machine's classes, which the sandbox of the tests does not redirect.
     RawKey(std::wstring(kApplicationProgId) + L"\\CLSID", HKEY_CLASSES_ROOT).Write(L"", RawText(kClassText));
-    Require(CoRegisterClassObject(kClass, m_factory.get(), CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE,
-                                  &m_registration));
+    Require(CoRegisterClassObject(kClass, m_factory.get(), context, REGCLS_MULTIPLEUSE, &m_registration));
 }
 
 ApplicationServer::~ApplicationServer()

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <oaidl.h>
+#include <objbase.h>
 
 namespace ts::test
 {
@@ -14,7 +15,8 @@ namespace ts::test
 class ApplicationServer
 {
   public:
-    ApplicationServer();
+    /// `context` is the kind of server that its clients find.
+    explicit ApplicationServer(DWORD context = CLSCTX_LOCAL_SERVER);
     ApplicationServer(const ApplicationServer&) = delete;
     ApplicationServer& operator=(const ApplicationServer&) = delete;
     ~ApplicationServer();

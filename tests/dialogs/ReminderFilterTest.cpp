@@ -127,6 +127,31 @@ TEST(ReminderFilterTest, RecordOfAKeyOnly_IsNeverListed)
     EXPECT_FALSE(Lists(Due, reminder));
 }
 
+TEST(ReminderFilterTest, RecordWithAnyFieldOfItsOwn_IsRecent)
+{
+    const CString key = L"{{map}-0}";
+    using Setter = void (CcvReminderData::*)(const CString&);
+    for (const Setter set :
+         {Setter{&CcvReminderData::SetSubject}, Setter{&CcvReminderData::SetMapGuid},
+          Setter{&CcvReminderData::SetObjectGuid}, Setter{&CcvReminderData::SetDocumentPath}})
+    {
+        CcvReminderData reminder{key};
+        (reminder.*set)(L"x");
+        EXPECT_TRUE(Lists(Recent, reminder));
+    }
+    CcvReminderData due{key};
+    due.SetInitialDueDate(Noon());
+    EXPECT_TRUE(Lists(Recent, due));
+}
+
+TEST(ReminderTimesTest, ReminderThatHasRunOut_HasNoStatus)
+{
+    CcvReminderData reminder = DueAt(CTime());
+    EXPECT_EQ(std::nullopt, ts::FindDueTime(reminder, Noon()));
+    EXPECT_EQ(std::nullopt, ts::FindStatus(reminder, Noon()));
+    EXPECT_EQ(CString(), ts::DueInText(reminder, Noon()));
+}
+
 TEST(ReminderTimesTest, DamagedReminder_HasNoTimes)
 {
     CcvReminderData reminder = Damaged(Noon());

@@ -280,6 +280,20 @@ TEST_F(ListColumnsTest, RowsThatAreEqual_KeepTheirOrderInBothDirections)
     EXPECT_EQ(before, Subjects());
 }
 
+TEST_F(ListColumnsTest, SortingAfterAReload_UsesEachRowsOwnReminder)
+{
+    m_store.Add(L"a", Noon() + CTimeSpan(10));
+    m_store.Add(L"b", Noon() + CTimeSpan(20));
+    m_store.Add(L"c", Noon() + CTimeSpan(30));
+    Show();
+    m_store.Remove(0);
+    Reload();
+    ClickHeader(3);
+    EXPECT_EQ((Texts{L"c", L"b", L"a"}), Subjects()) << "what is gone has no due time";
+    ClickHeader(3);
+    EXPECT_EQ((Texts{L"b", L"c", L"a"}), Subjects());
+}
+
 TEST_F(ListColumnsTest, SortingAfterTheReminderTimeHasPassed_UsesThePresentTime)
 {
     CcvReminderData daily = EveryNDays(1);

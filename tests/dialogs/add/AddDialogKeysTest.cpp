@@ -1,3 +1,4 @@
+#include "dialogs/CcvMfcAddReminderDialogInternal.h"
 #include "resources/AddReminderControls.h"
 #include "resources/RecurrenceControls.h"
 #include "tests/dialogs/add/AddDialogHarness.h"
@@ -71,6 +72,35 @@ std::vector<int> PaneStops(int button)
     }
 }
 
+/// Tab goes through the fields, the chosen kind, its pane and the buttons.
+void ExpectStops(const ShownDialog& shown, int kindButton)
+{
+    const std::vector<HWND> stops = TabStops(shown);
+    std::vector<HWND> inPane;
+    std::vector<int> ids;
+    for (const HWND stop : stops)
+    {
+        if (GetParent(stop) == shown.Pane())
+        {
+            inPane.push_back(stop);
+            ids.push_back(GetDlgCtrlID(stop));
+        }
+    }
+    EXPECT_FALSE(inPane.empty());
+    EXPECT_TRUE(PaneStops(kindButton).empty() || PaneStops(kindButton) == ids);
+    std::vector<HWND> expected;
+    for (const int id : {IDC_ADD_SUBJECT, IDC_ADD_DATE, IDC_ADD_TIME, IDC_ADD_LEAD_TIME, kindButton})
+    {
+        expected.push_back(shown.Item(id));
+    }
+    expected.insert(expected.end(), inPane.begin(), inPane.end());
+    for (const int id : {IDC_ADD_TOGGLE_RECURRENCE, IDOK, IDCANCEL})
+    {
+        expected.push_back(shown.Item(id));
+    }
+    EXPECT_EQ(expected, stops);
+}
+
 /// The letters that jump to a control, of the dialog and the pane that is shown.
 void CollectMnemonics(HWND window, std::vector<wchar_t>& letters)
 {
@@ -98,6 +128,48 @@ INSTANTIATE_TEST_SUITE_P(Languages, AddDialogKeysTest, testing::Values(L"en", L"
                          [](const auto& language)
                          { return std::string(language.param, language.param + 2); });
 
+/// Counts what would end it, and stays.
+class EndlessDialog : public CcvMfcAddReminderDialogInternal
+{
+  public:
+    using CcvMfcAddReminderDialogInternal::CcvMfcAddReminderDialogInternal;
+    int m_oks = 0;
+    int m_cancels = 0;
+
+  protected:
+    void OnOK() override { ++m_oks; }
+    void OnCancel() override { ++m_cancels; }
+};
+
+void ExpectEscapeIsCancel(const EndlessDialog& dialog, const std::vector<HWND>& stops)
+{
+    int times = 0;
+    for (const HWND stop : stops)
+    {
+        SetFocus(stop);
+        PressKey(VK_ESCAPE);
+        EXPECT_EQ(++times, dialog.m_cancels) << GetDlgCtrlID(stop);
+    }
+    EXPECT_EQ(0, dialog.m_oks);
+}
+
+/// Enter on one of the other buttons is that button.
+void ExpectEnterIsOk(const EndlessDialog& dialog, const std::vector<HWND>& stops)
+{
+    int times = 0;
+    for (const HWND stop : stops)
+    {
+        const bool isOther = stop == GetDlgItem(dialog.m_hWnd, IDC_ADD_TOGGLE_RECURRENCE) ||
+                             stop == GetDlgItem(dialog.m_hWnd, IDCANCEL);
+        if (!isOther)
+        {
+            SetFocus(stop);
+            PressKey(VK_RETURN);
+            EXPECT_EQ(++times, dialog.m_oks) << GetDlgCtrlID(stop);
+        }
+    }
+}
+
 /// What does not depend on the language.
 class AddDialogEveryStopTest : public AddDialogTest
 {
@@ -109,49 +181,18 @@ INSTANTIATE_TEST_SUITE_P(English, AddDialogEveryStopTest, testing::Values(L"en")
 
 TEST_P(AddDialogKeysTest, Tab_GoesThroughDialogAndPaneByTheirOrder)
 {
-    for (const int button : kPanes)
-    {
-        SCOPED_TRACE(button);
-        CcvMfcAddReminderDialog dialog;
-        const CcvReminderData record = RecordOfKind(button);
-        dialog.UpdateReminderData(&record);
-        EXPECT_EQ(IDCANCEL, RunModal(dialog,
-                                     [&](const ShownDialog& shown)
+    CcvMfcAddReminderDialog dialog;
+    EXPECT_EQ(IDCANCEL, RunModal(dialog,
+                                 [](const ShownDialog& shown)
+                                 {
+                                     for (const int button : kPanes)
                                      {
-                                         std::vector<HWND> expected;
-                                         for (const int id : {IDC_ADD_SUBJECT, IDC_ADD_DATE, IDC_ADD_TIME,
-                                                              IDC_ADD_LEAD_TIME, button})
-                                         {
-                                             expected.push_back(shown.Item(id));
-                                         }
-                                         const std::vector<HWND> stops = TabStops(shown);
-                                         std::vector<HWND> inPane;
-                                         for (const HWND stop : stops)
-                                         {
-                                             if (GetParent(stop) == shown.Pane())
-                                             {
-                                                 inPane.push_back(stop);
-                                             }
-                                         }
-                                         EXPECT_FALSE(inPane.empty());
-                                         if (!PaneStops(button).empty())
-                                         {
-                                             std::vector<int> ids;
-                                             for (const HWND stop : inPane)
-                                             {
-                                                 ids.push_back(GetDlgCtrlID(stop));
-                                             }
-                                             EXPECT_EQ(PaneStops(button), ids);
-                                         }
-                                         expected.insert(expected.end(), inPane.begin(), inPane.end());
-                                         for (const int id : {IDC_ADD_TOGGLE_RECURRENCE, IDOK, IDCANCEL})
-                                         {
-                                             expected.push_back(shown.Item(id));
-                                         }
-                                         EXPECT_EQ(expected, stops);
-                                         shown.Cancel();
-                                     }));
-    }
+                                         SCOPED_TRACE(button);
+                                         shown.ChooseKind(button);
+                                         ExpectStops(shown, button);
+                                     }
+                                     shown.Cancel();
+                                 }));
 }
 
 TEST_P(AddDialogKeysTest, SectionClosed_TabPassesItBy)
@@ -185,41 +226,46 @@ TEST_P(AddDialogKeysTest, FocusAtFirst_IsOnTheSubject)
 
 TEST_P(AddDialogEveryStopTest, EnterAndEscape_AreOkAndCancelFromEverywhere)
 {
-    constexpr int kButtons[] = {IDC_ADD_TOGGLE_RECURRENCE, IDCANCEL};
+    for (const int button : kPanes)
+    {
+        SCOPED_TRACE(button);
+        const CcvReminderData record = RecordOfKind(button);
+        EndlessDialog endless(nullptr);
+        endless.UpdateReminderData(record);
+        CcvMfcAddReminderDialog dialog;
+        const std::unique_ptr<CcvMfcDialogBaseInternal> former(dialog.GetInternalDialog());
+        dialog.SetInternalDialog(&endless);
+        RunModal(dialog,
+                 [&](const ShownDialog& shown)
+                 {
+                     const std::vector<HWND> stops = TabStops(shown);
+                     EXPECT_GT(stops.size(), 8U);
+                     ExpectEscapeIsCancel(endless, stops);
+                     ExpectEnterIsOk(endless, stops);
+                     endless.EndDialog(IDOK);
+                 });
+        dialog.SetInternalDialog(nullptr);
+    }
+}
+
+TEST_P(AddDialogEveryStopTest, EnterAndEscapeInAPane_EndTheDialog)
+{
     for (const int button : kPanes)
     {
         const CcvReminderData record = RecordOfKind(button);
-        std::size_t count = 1;
-        for (std::size_t index = 0; index < count; ++index)
+        for (const auto& [key, result] : {std::pair{VK_RETURN, IDOK}, std::pair{VK_ESCAPE, IDCANCEL}})
         {
-            for (const auto& [key, result] : {std::pair{VK_RETURN, IDOK}, std::pair{VK_ESCAPE, IDCANCEL}})
-            {
-                SCOPED_TRACE(testing::Message() << button << ' ' << index << ' ' << result);
-                CcvMfcAddReminderDialog dialog;
-                dialog.UpdateReminderData(&record);
-                bool isButton = false;
-                const INT_PTR ended =
-                    RunModal(dialog,
-                             [&, pressed = key](const ShownDialog& shown)
-                             {
-                                 const std::vector<HWND> stops = TabStops(shown);
-                                 count = stops.size();
-                                 const int id = GetDlgCtrlID(stops.at(index));
-                                 // Enter on one of the other buttons is that button.
-                                 isButton = std::ranges::find(kButtons, id) != std::end(kButtons) &&
-                                            GetParent(stops.at(index)) == shown.Window();
-                                 SetFocus(stops.at(index));
-                                 if (isButton && pressed == VK_RETURN)
-                                 {
-                                     shown.Ok();
-                                     return;
-                                 }
-                                 PressKey(static_cast<UINT>(pressed));
-                             });
-                EXPECT_EQ(result, ended);
-            }
+            CcvMfcAddReminderDialog dialog;
+            dialog.UpdateReminderData(&record);
+            const INT_PTR ended = RunModal(dialog,
+                                           [pressed = key](const ShownDialog& shown)
+                                           {
+                                               SetFocus(GetNextDlgTabItem(shown.Pane(), nullptr, FALSE));
+                                               EXPECT_EQ(shown.Pane(), GetParent(GetFocus()));
+                                               PressKey(static_cast<UINT>(pressed));
+                                           });
+            EXPECT_EQ(result, ended) << button;
         }
-        EXPECT_GT(count, 8U);
     }
 }
 
@@ -291,26 +337,25 @@ TEST_P(AddDialogKeysTest, FocusInASectionThatCloses_GoesToItsButton)
 
 TEST_P(AddDialogKeysTest, Mnemonics_AreUniqueInDialogAndPane)
 {
-    for (const int button : kPanes)
-    {
-        SCOPED_TRACE(button);
-        const CcvReminderData record = RecordOfKind(button);
-        CcvMfcAddReminderDialog dialog;
-        dialog.UpdateReminderData(&record);
-        EXPECT_EQ(IDCANCEL,
-                  RunModal(dialog,
-                           [](const ShownDialog& shown)
+    CcvMfcAddReminderDialog dialog;
+    EXPECT_EQ(IDCANCEL,
+              RunModal(dialog,
+                       [](const ShownDialog& shown)
+                       {
+                           for (const int button : kPanes)
                            {
+                               shown.ChooseKind(button);
                                std::vector<wchar_t> letters;
                                CollectMnemonics(shown.Window(), letters);
                                const std::set<wchar_t> different(letters.begin(), letters.end());
                                EXPECT_EQ(different.size(), letters.size())
+                                   << button << ' '
                                    << testing::PrintToString(std::wstring(letters.begin(), letters.end()));
                                // Four fields, four kinds and the section's button, and the pane's.
                                EXPECT_GT(letters.size(), 9U);
-                               shown.Cancel();
-                           }));
-    }
+                           }
+                           shown.Cancel();
+                       }));
 }
 
 } // namespace ts::test

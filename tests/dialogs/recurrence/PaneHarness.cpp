@@ -2,11 +2,26 @@
 
 #include "module/InterfaceLanguage.h"
 #include "module/ResourceScope.h"
+#include "tests/dialogs/MessageBoxIcon.h"
 
 #include <bit>
 
 namespace ts::test
 {
+namespace
+{
+
+int ButtonsOf(HWND box)
+{
+    int count = 0;
+    for (HWND child = ::GetWindow(box, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT))
+    {
+        count += ClassOf(child) == L"Button" && ::IsWindowVisible(child) != FALSE ? 1 : 0;
+    }
+    return count;
+}
+
+} // namespace
 
 OuterDialog::OuterDialog(CcvMfcDialogBaseInternal& pane, UINT paneTemplate)
     : m_pane(pane), m_paneTemplate(paneTemplate)
@@ -27,6 +42,10 @@ BOOL OuterDialog::OnInitDialog()
 void OuterDialog::OnOK()
 {
     ++m_oks;
+    if (m_duringOk)
+    {
+        m_duringOk();
+    }
     m_accepted += m_pane.UpdateData(TRUE) != FALSE ? 1 : 0;
 }
 
@@ -43,11 +62,18 @@ void PaneTest::SetLanguage(const wchar_t* language)
 Exchange PaneTest::Save(CcvMfcDialogBaseInternal& pane, int button)
 {
     ::SetFocus(nullptr);
-    const MessageBoxAnswer answer(button);
     Exchange exchange;
+    const WhenShown shown(L"#32770",
+                          [&exchange, button](HWND box)
+                          {
+                              exchange.asked = true;
+                              exchange.message = TextOf(::GetDlgItem(box, 0xFFFF));
+                              exchange.icon = IconOfMessageBox(box);
+                              exchange.buttons = ButtonsOf(box);
+                              EXPECT_TRUE(exchange.buttons == 1 || ::GetDlgItem(box, button) != nullptr);
+                              ::SendMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+                          });
     exchange.accepted = pane.UpdateData(TRUE) != FALSE;
-    exchange.asked = answer.WasShown();
-    exchange.message = answer.Text();
     exchange.focus = OuterDialog::Focus();
     return exchange;
 }
@@ -115,6 +141,8 @@ void PaneTest::ExpectRefused(CcvMfcDialogBaseInternal& pane, const CString& mess
     const Exchange exchange = Save(pane);
     EXPECT_FALSE(exchange.accepted);
     EXPECT_EQ(message.GetString(), exchange.message);
+    EXPECT_EQ(1, exchange.buttons);
+    EXPECT_EQ(ExclamationIcon(), exchange.icon);
     EXPECT_EQ(focus, exchange.focus);
 }
 
@@ -130,6 +158,8 @@ void PaneTest::ExpectAsked(CcvMfcDialogBaseInternal& pane, const CString& questi
     const Exchange cancelled = Save(pane, IDCANCEL);
     EXPECT_FALSE(cancelled.accepted);
     EXPECT_EQ(question.GetString(), cancelled.message);
+    EXPECT_EQ(2, cancelled.buttons);
+    EXPECT_EQ(ExclamationIcon(), cancelled.icon);
     EXPECT_EQ(focus, cancelled.focus);
     const Exchange agreed = Save(pane, IDOK);
     EXPECT_TRUE(agreed.accepted);

@@ -9,6 +9,7 @@
 #include "tests/support/FixedClock.h"
 #include "tests/support/WindowDriver.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
@@ -44,6 +45,7 @@ class OuterDialog : public CDialog
     int m_oks = 0;
     int m_accepted = 0;
     int m_cancels = 0;
+    std::function<void()> m_duringOk;
     CDateTimeCtrl m_date;
 
   protected:
@@ -61,6 +63,8 @@ struct Exchange
     bool accepted = false;
     bool asked = false;
     std::wstring message;
+    HICON icon = nullptr; ///< of the message
+    int buttons = 0;      ///< how many it had
     int focus = 0;
 };
 

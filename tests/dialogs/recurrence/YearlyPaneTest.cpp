@@ -69,9 +69,19 @@ TEST_F(YearlyPaneTest, WhatIsNoMonth_SelectsJanuary)
 {
     for (const int month : {0, 13, -1, INT_MAX})
     {
-        OpenedYearly opened([month](Pane& pane)
-                            { pane.SetYearlyReminderPattern1Month(static_cast<EcvMonth>(month)); });
+        OpenedYearly opened(
+            [month](Pane& pane)
+            {
+                pane.SetYearlyReminderPattern1Month(static_cast<EcvMonth>(month));
+                pane.SetYearlyReminderPattern2Month(static_cast<EcvMonth>(month));
+            });
         EXPECT_EQ(0, ShownIndex(opened.pane, IDC_YEARLY_DAY_MONTH));
+        EXPECT_EQ(0, ShownIndex(opened.pane, IDC_YEARLY_DAY_TYPE_MONTH));
+        // An index beyond the entries would show the first too.
+        opened.pane.SetYearlyReminderPattern2Month(EcvMonth::May);
+        opened.pane.SetYearlyReminderPattern2Month(static_cast<EcvMonth>(month));
+        opened.pane.UpdateData(FALSE);
+        EXPECT_EQ(0, ShownIndex(opened.pane, IDC_YEARLY_DAY_TYPE_MONTH));
     }
 }
 

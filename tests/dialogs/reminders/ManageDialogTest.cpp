@@ -203,6 +203,8 @@ TEST_F(ManageTest, Open_PostsTheReminderAndTakesTheFocusBack)
     Open();
     PressKey(VK_DOWN);
     PressButton(IDC_OPEN_REMINDER);
+    MSG message{};
+    EXPECT_NE(FALSE, PeekMessageW(&message, Dialog(), WM_SETFOCUS, WM_SETFOCUS, PM_NOREMOVE));
     PumpMessages();
     EXPECT_EQ((Rows{m_daily}), application.Opened());
 }
@@ -435,6 +437,44 @@ TEST_F(ManageTest, DismissedReminderThatGetsAnotherTime_IsHeardAgain)
     EXPECT_EQ(Noon() - CTimeSpan(kSecondsPerHour) + kDay, m_store.Load(m_once)->GetNextDueDate());
 }
 
+TEST_F(ManageTest, DismissedReminderThatRecursFromNowOn_IsHeardAgain)
+{
+    AddThree();
+    Open();
+    m_manager->DismissReminder(m_manager->GetReminderByIndex(m_later));
+    List().SelectRow(2);
+    ASSERT_EQ(L"later", ItemText(IDC_REMINDER_SUBJECT));
+    const auto edit = Edit(L"later", IDOK,
+                           [](HWND dialog)
+                           {
+                               SendMessageW(GetDlgItem(dialog, IDC_ADD_TOGGLE_RECURRENCE), BM_CLICK, 0, 0);
+                               SendMessageW(GetDlgItem(dialog, IDC_ADD_DAILY), BM_CLICK, 0, 0);
+                           });
+    PressButton(IDC_EDIT_REMINDER);
+    EXPECT_EQ(Noon() + kDay, NextDue(m_later)) << "the same time";
+    EXPECT_TRUE(m_store.Load(m_later)->IsRecurrent());
+    EXPECT_FALSE(m_store.Load(m_later)->IsDimissed());
+}
+
+TEST_F(ManageTest, AppointmentThatIsNamedWhileEditing_IsKept)
+{
+    AddThree();
+    Open();
+    const auto edit = Edit(L"edited", IDOK,
+                           [this](HWND)
+                           {
+                               CcvReminderDataCollectionManager elsewhere(false);
+                               CcvReminderData* const reminder = elsewhere.GetReminderByIndex(m_once);
+                               reminder->SetOutlookEntryId(L"entry");
+                               reminder->SetOutlookObjectGuid(L"{appointment}");
+                               elsewhere.ModifyReminder(reminder, false);
+                           });
+    PressButton(IDC_EDIT_REMINDER);
+    EXPECT_EQ(L"edited", Subject(m_once));
+    EXPECT_EQ(CString(L"entry"), m_store.Load(m_once)->GetOutlookEntryId());
+    EXPECT_EQ(CString(L"{appointment}"), m_store.Load(m_once)->GetOutlookObjectGuid());
+}
+
 TEST_F(ManageTest, HostThatDestroysTheDialogInsideADelete_IsSurvived)
 {
     BeHost();
@@ -534,7 +574,7 @@ TEST_F(ManageTest, ManyRounds_LeaveNothingBehind)
     goRound(5);
     static_cast<void>(count());
     const std::vector<std::size_t> before = count();
-    goRound(Rounds(wanted == nullptr ? 100 : std::atoi(wanted)));
+    goRound(Rounds(wanted == nullptr ? 20 : std::atoi(wanted)));
     EXPECT_EQ(before, count());
 }
 

@@ -136,7 +136,7 @@ TEST_F(AlertLayoutTest, ManyRounds_LeaveNothingBehind)
     goRound(5);
     static_cast<void>(count());
     const std::vector<std::size_t> before = count();
-    goRound(Rounds(wanted == nullptr ? 100 : std::atoi(wanted)));
+    goRound(Rounds(wanted == nullptr ? 20 : std::atoi(wanted)));
     EXPECT_EQ(before, count());
 }
 
