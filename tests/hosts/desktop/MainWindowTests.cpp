@@ -3,7 +3,9 @@
 #include "ResourceIds.h"
 #include "tests/support/WindowDriver.h"
 
+#include <algorithm>
 #include <commctrl.h>
+#include <set>
 
 // The main window of the program, used from another process.
 
@@ -274,6 +276,33 @@ TEST_F(MainWindowTest, EditedInTheManageWindow_KeepsTheMainWindowFromClosing)
     ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(manage) != FALSE; }));
     PostMessageW(MainWindowHandle(), WM_CLOSE, 0, 0);
     EXPECT_EQ(0u, host.ExitCode());
+}
+
+TEST_F(MainWindowTest, RemindersAddedWhileItStarts_AreListed)
+{
+    for (int round = 0; round < 3; ++round)
+    {
+        const HostProcess host;
+        // Without a window it cannot be told.
+        std::set<std::wstring> untold;
+        std::wstring last;
+        while (MainWindowHandle() == nullptr)
+        {
+            untold.insert(last);
+            last = std::to_wstring(round) + L"." + std::to_wstring(untold.size());
+            Add(last);
+        }
+        untold.erase(L"");
+        ASSERT_FALSE(untold.empty());
+        ASSERT_TRUE(host.ShowsWindow());
+        EXPECT_TRUE(WaitUntil(
+            [&]
+            {
+                const Subjects listed = ListedSubjects();
+                return std::ranges::includes(std::set(listed.begin(), listed.end()), untold);
+            }))
+            << untold.size();
+    }
 }
 
 TEST_F(MainWindowTest, DamagedReminder_IsListedBesideTheOthers)
