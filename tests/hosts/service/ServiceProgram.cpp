@@ -46,7 +46,13 @@ int ServiceProcess::Rows() const
 void ServiceProcess::Press(UINT key) const
 {
     HWND focus = nullptr;
-    ASSERT_TRUE(WaitUntil([&] { return (focus = FocusOf(Alert())) != nullptr; }));
+    // Another program's window may have come in front of it.
+    ASSERT_TRUE(WaitUntil(
+        [&]
+        {
+            SetForegroundWindow(Alert());
+            return (focus = FocusOf(Alert())) != nullptr;
+        }));
     PostMessageW(focus, WM_KEYDOWN, key, 1);
     PostMessageW(focus, WM_KEYUP, key, LPARAM{1} << 30 | 1);
 }
