@@ -20,7 +20,12 @@ class MainWindow : public CWnd
                CreateEx(0, ts::kMainWindowClass, L"My maps", WS_OVERLAPPEDWINDOW, place, nullptr, 0) != FALSE;
     }
     /// Until the user closes the list.
-    void ManageReminders() { m_dialog.DoModal(); }
+    void ManageReminders()
+    {
+        // What changed after it was loaded, when there was no window to be told.
+        m_reminders.UpdateReminderCollection();
+        m_dialog.DoModal();
+    }
 
   protected:
     // This process or another one has changed a reminder: what was loaded before is not valid any more.

@@ -110,7 +110,8 @@ void MainWindow::Open()
     }
     CreateChildren();
     PlaceAtStart();
-    ShowReminders();
+    // What changed since the collection was loaded, when there was no window to be told.
+    Reload();
     SetTimer(kMinuteTimer, kMinute);
     m_class.emplace(*this);
 }

@@ -1,9 +1,10 @@
 #include "tests/collection/CollectionTest.h"
 
+#include "tests/support/ThreadIds.h"
+
 #include <algorithm>
 #include <limits>
 #include <stdexcept>
-#include <tlhelp32.h>
 
 namespace ts::test
 {
@@ -100,23 +101,6 @@ LockedKey::~LockedKey()
     RegOpenKeyExW(HKEY_CURRENT_USER, m_path.c_str(), REG_OPTION_OPEN_LINK, KEY_ALL_ACCESS, &link);
     EXPECT_EQ(ERROR_SUCCESS, RegDeleteKeyW(link, L""));
     RegCloseKey(link);
-}
-
-std::vector<DWORD> ThreadIds()
-{
-    std::vector<DWORD> ids;
-    HANDLE const snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
-    THREADENTRY32 entry{};
-    entry.dwSize = sizeof entry;
-    for (BOOL more = Thread32First(snapshot, &entry); more; more = Thread32Next(snapshot, &entry))
-    {
-        if (entry.th32OwnerProcessID == GetCurrentProcessId())
-        {
-            ids.push_back(entry.th32ThreadID);
-        }
-    }
-    CloseHandle(snapshot);
-    return ids;
 }
 
 std::size_t NewThreadCount(const std::function<void()>& work)

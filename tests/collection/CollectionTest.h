@@ -53,13 +53,6 @@ class LockedKey
     std::wstring m_path;
 };
 
-/// The ids of the threads of this process.
-[[nodiscard]] std::vector<DWORD> ThreadIds();
-[[nodiscard]] inline std::size_t ThreadCount()
-{
-    return ThreadIds().size();
-}
-
 /// How many threads have begun during `work` and live. Tried thrice, because once COM was used,
 /// threads of its own come and go.
 [[nodiscard]] std::size_t NewThreadCount(const std::function<void()>& work);

@@ -5,6 +5,7 @@
 #include "tests/collection/ManagerInside.h"
 #include "tests/support/Allocations.h"
 #include "tests/support/HandleCount.h"
+#include "tests/support/ThreadIds.h"
 
 #include <new>
 

@@ -5,6 +5,7 @@
 #include "tests/support/Allocations.h"
 #include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
+#include "tests/support/ThreadIds.h"
 
 namespace ts::test
 {

@@ -2,92 +2,44 @@
 
 #include "platform/KernelHandle.h"
 
-#include <array>
 #include <gtest/gtest.h>
 #include <string>
 
 /// With a backslash at its end. The program stands there, too.
-inline std::wstring TestFolder()
-{
-    std::array<wchar_t, MAX_PATH> path{};
-    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    const std::wstring test(path.data(), length);
-    return test.substr(0, test.find_last_of(L'\\') + 1);
-}
+std::wstring TestFolder();
 
 /// A process of a program, by default of the console's, with its output in a pipe.
 class Program
 {
   public:
-    explicit Program(const std::wstring& arguments, const std::wstring& name = L"reminders.exe")
-    {
-        SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
-        HANDLE reading = nullptr;
-        HANDLE writing = nullptr;
-        EXPECT_TRUE(CreatePipe(&reading, &writing, &inheritable, 0));
-        m_reading.reset(reading);
-        EXPECT_TRUE(SetHandleInformation(reading, HANDLE_FLAG_INHERIT, 0));
-        const ts::KernelHandle writingEnd(writing);
-        STARTUPINFOW startup{};
-        startup.cb = sizeof startup;
-        startup.dwFlags = STARTF_USESTDHANDLES;
-        startup.hStdOutput = writing;
-        startup.hStdError = writing;
-        std::wstring commandLine = name + L" " + arguments;
-        PROCESS_INFORMATION process{};
-        EXPECT_TRUE(CreateProcessW((TestFolder() + name).c_str(), commandLine.data(), nullptr, nullptr, TRUE,
-                                   0, nullptr, nullptr, &startup, &process));
-        m_process.reset(process.hProcess);
-        CloseHandle(process.hThread);
-    }
+    /// The exit code of a process that was killed.
+    static constexpr DWORD kKilled = 77;
+
+    explicit Program(const std::wstring& arguments, const std::wstring& name = L"reminders.exe");
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
     /// A process that did not end would keep the tests from ending.
-    ~Program() { TerminateProcess(m_process.get(), 1); }
+    ~Program() { Kill(); }
 
-    [[nodiscard]] DWORD ProcessId() const { return GetProcessId(m_process.get()); }
+    [[nodiscard]] DWORD ProcessId() const noexcept { return m_id; }
     [[nodiscard]] bool IsRunning() const { return WaitForSingleObject(m_process.get(), 0) == WAIT_TIMEOUT; }
-    void Kill() { TerminateProcess(m_process.get(), 1); }
+    void Kill() const { TerminateProcess(m_process.get(), kKilled); }
 
     /// All that it writes until it ends.
-    std::string ReadAll()
-    {
-        std::string text;
-        std::array<char, 1024> part{};
-        DWORD read = 0;
-        while (ReadFile(m_reading.get(), part.data(), static_cast<DWORD>(part.size()), &read, nullptr) &&
-               read > 0)
-        {
-            text.append(part.data(), read);
-        }
-        return text;
-    }
-
+    std::string ReadAll() const;
     /// Waits for a line.
-    std::string ReadLine()
-    {
-        std::string line;
-        char character = 0;
-        DWORD read = 0;
-        while (ReadFile(m_reading.get(), &character, 1, &read, nullptr) && read == 1 && character != '\n')
-        {
-            line += character;
-        }
-        return line;
-    }
-
+    std::string ReadLine() const;
     void CloseOutput() { m_reading.reset(); }
 
-    DWORD ExitCode() const
-    {
-        constexpr DWORD kPatience = 50'000;
-        DWORD code = STILL_ACTIVE;
-        EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(m_process.get(), kPatience));
-        GetExitCodeProcess(m_process.get(), &code);
-        return code;
-    }
+    /// Waits for its end, answering messages that it may send to windows of this thread; STILL_ACTIVE when it
+    /// goes on.
+    [[nodiscard]] DWORD ExitCode() const;
 
   private:
     ts::KernelHandle m_reading;
     ts::KernelHandle m_process;
+    DWORD m_id = 0;
 };
+
+/// Runs the console's program and gives what it wrote, without the line feed at its end; it must succeed.
+std::string RunReminders(const std::wstring& arguments);

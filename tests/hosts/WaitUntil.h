@@ -1,19 +1,7 @@
 #pragma once
 
-#include "platform/WindowsHeaders.h"
+#include <functional>
 
-/// Looks again and again whether `condition` holds. False when it still does not after ten seconds.
-template <typename Condition>
-bool WaitUntil(const Condition& condition)
-{
-    constexpr ULONGLONG kPatience = 10'000;
-    constexpr DWORD kInterval = 20;
-    for (const ULONGLONG begin = GetTickCount64(); GetTickCount64() - begin < kPatience; Sleep(kInterval))
-    {
-        if (condition())
-        {
-            return true;
-        }
-    }
-    return condition();
-}
+/// Looks again and again whether `condition` holds, answering messages meanwhile. False when it still does
+/// not after a time that is long even on a busy machine.
+[[nodiscard]] bool WaitUntil(const std::function<bool()>& condition);

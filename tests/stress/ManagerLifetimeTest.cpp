@@ -6,11 +6,11 @@
 #include "module/CcvReminderOptionUtilities.h"
 #include "module/RegistryPaths.h"
 #include "tests/stress/HostWindow.h"
-#include "tests/stress/ThreadCount.h"
 #include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
 #include "tests/support/RandomSource.h"
 #include "tests/support/RawRegistry.h"
+#include "tests/support/ThreadIds.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "tests/hosts/desktop/HostProcess.h"
+#include "tests/hosts/desktop/DesktopProgramTest.h"
 
 #include "ResourceIds.h"
 
@@ -7,8 +7,6 @@
 
 namespace
 {
-
-using namespace ts::test;
 
 class KillTest : public DesktopProgramTest
 {
@@ -32,7 +30,7 @@ TEST_F(KillTest, ProgramKilledAtRandomMoments_LosesNothingAndStartsAgain)
             PostMessageW(MainWindowHandle(), ts::kSynchronizationMessage, 0, 0);
         }
         host.Kill();
-        EXPECT_EQ(77u, host.ExitCode());
+        EXPECT_EQ(Program::kKilled, host.ExitCode());
         ASSERT_EQ(expected, StoredSubjects()) << "seed " << kSeed << " round " << round;
     }
     const HostProcess host;
@@ -62,7 +60,7 @@ TEST_F(KillTest, ProgramKilledWhileItDeletes_LeavesEachReminderWholeOrGone)
         }
         Sleep(std::uniform_int_distribution<DWORD>(0, 60)(random));
         host.Kill();
-        EXPECT_EQ(77u, host.ExitCode());
+        EXPECT_EQ(Program::kKilled, host.ExitCode());
         std::vector<std::wstring> left = StoredSubjects();
         std::ranges::sort(left);
         std::vector<std::wstring> rest = before;
@@ -79,9 +77,9 @@ TEST_F(KillTest, ProgramKilledWithADialogOpen_StartsAgain)
         const HostProcess host;
         ASSERT_TRUE(host.ShowsWindow());
         PostMessageW(MainWindowHandle(), WM_COMMAND, ID_REMINDER_EDIT, 0);
-        ASSERT_TRUE(WaitUntil([&] { return FindDialog(host.GetId()) != nullptr; }));
+        ASSERT_TRUE(WaitUntil([&] { return FindDialog(host.ProcessId()) != nullptr; }));
         host.Kill();
-        EXPECT_EQ(77u, host.ExitCode());
+        EXPECT_EQ(Program::kKilled, host.ExitCode());
     }
     ASSERT_TRUE(WaitUntil([] { return MainWindowHandle() == nullptr; }));
     const HostProcess again;

@@ -1,9 +1,11 @@
-#include "tests/hosts/desktop/HostProcess.h"
+#include "tests/hosts/desktop/DesktopProgramTest.h"
 
 #include "ResourceIds.h"
 #include "tests/support/WindowDriver.h"
 
+#include <algorithm>
 #include <commctrl.h>
+#include <set>
 
 // The main window of the program, used from another process.
 
@@ -31,7 +33,7 @@ class MainWindowTest : public DesktopProgramTest
         EXPECT_TRUE(WaitUntil(
             [&]
             {
-                dialog = FindDialog(host.GetId(), title);
+                dialog = FindDialog(host.ProcessId(), title);
                 return dialog != nullptr && GetForegroundWindow() == dialog;
             }))
             << std::string(title.begin(), title.end());
@@ -46,10 +48,8 @@ class MainWindowTest : public DesktopProgramTest
         return WaitUntil(
             [&]
             {
-                GUITHREADINFO info{};
-                info.cbSize = sizeof info;
-                return GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info) != FALSE &&
-                       info.hwndFocus != nullptr && GetDlgCtrlID(info.hwndFocus) == id;
+                const HWND focus = FocusOf(window);
+                return focus != nullptr && GetDlgCtrlID(focus) == id;
             });
     }
     static void OpenIndex(WPARAM wParam, LPARAM index)
@@ -70,12 +70,12 @@ TEST_F(MainWindowTest, AddByKeyboard_WritesTheStore)
     ASSERT_TRUE(WaitUntil(
         [&]
         {
-            entry = FindDialog(host.GetId());
-            return entry != nullptr && ChildOf(entry, kSubjectControl) != nullptr;
+            entry = FindDialog(host.ProcessId());
+            return entry != nullptr && GetDlgItem(entry, kSubjectControl) != nullptr;
         }));
     ASSERT_TRUE(IsFocusedIn(entry, kSubjectControl));
     TypeKeys(L"Call");
-    ASSERT_TRUE(WaitUntil([&] { return TextOf(ChildOf(entry, kSubjectControl)) == L"Call"; }));
+    ASSERT_TRUE(WaitUntil([&] { return TextOf(GetDlgItem(entry, kSubjectControl)) == L"Call"; }));
     PressKeys({VK_RETURN});
     EXPECT_TRUE(WaitUntil([] { return StoredSubjects() == Subjects{L"Call"}; }));
     EXPECT_TRUE(Lists({L"Call"}));
@@ -114,7 +114,7 @@ TEST_F(MainWindowTest, EditByKeyboard_ChangesTheSelectedReminderAndKeepsTheSnooz
     const HWND dialog = AwaitDialog(host, L"Second");
     ASSERT_TRUE(IsFocusedIn(dialog, kSubjectControl));
     // Snoozed by somebody else while the dialog is open.
-    ASSERT_EQ(0u, RunProgram(L"reminders.exe", L"snooze " + std::wstring(key) + L" 2h"));
+    RunReminders(L"snooze " + std::wstring(key) + L" 2h");
     TypeKeys(L"Other");
     PressKeys({VK_RETURN});
     EXPECT_TRUE(Lists({L"First", L"Other"}));
@@ -134,12 +134,12 @@ TEST_F(MainWindowTest, ReminderDeletedWhileItIsEdited_StaysDeletedAndTheUserIsTo
     ASSERT_TRUE(Lists({L"First", L"Second"}));
     PressKeys({VK_CONTROL, 'E'});
     AwaitDialog(host, L"First");
-    ASSERT_EQ(0u, RunProgram(L"reminders.exe", L"delete " + std::wstring(key)));
+    RunReminders(L"delete " + std::wstring(key));
     ASSERT_TRUE(Lists({L"Second"}));
     PressKeys({VK_RETURN});
     AwaitDialog(host, L"Tessaly");
     PressKeys({VK_RETURN});
-    EXPECT_TRUE(WaitUntil([&] { return FindDialog(host.GetId()) == nullptr; }));
+    EXPECT_TRUE(WaitUntil([&] { return FindDialog(host.ProcessId()) == nullptr; }));
     EXPECT_EQ(Subjects{L"Second"}, StoredSubjects());
 }
 
@@ -156,8 +156,8 @@ TEST_F(MainWindowTest, DeleteKey_DeletesTheSelectedReminderAndSelectsTheNext)
     EXPECT_EQ(Subjects{L"Second"}, StoredSubjects());
     PressKeys({VK_DELETE});
     EXPECT_TRUE(Lists({}));
-    EXPECT_FALSE(IsWindowEnabled(ChildOf(MainWindowHandle(), ID_REMINDER_EDIT)));
-    EXPECT_TRUE(IsWindowVisible(ChildOf(MainWindowHandle(), IDC_EMPTY_HINT)));
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(MainWindowHandle(), ID_REMINDER_EDIT)));
+    EXPECT_TRUE(IsWindowVisible(GetDlgItem(MainWindowHandle(), IDC_EMPTY_HINT)));
 }
 
 TEST_F(MainWindowTest, ManageByMnemonic_OpensOnceAndCloses)
@@ -173,7 +173,7 @@ TEST_F(MainWindowTest, ManageByMnemonic_OpensOnceAndCloses)
     PressKeys({VK_ESCAPE});
     EXPECT_TRUE(WaitUntil([&] { return IsWindow(manage) == FALSE; }));
     SendMessageW(MainWindowHandle(), WM_COMMAND, ID_REMINDER_MANAGE, 0);
-    EXPECT_TRUE(WaitUntil([&] { return FindDialog(host.GetId()) != nullptr; }));
+    EXPECT_TRUE(WaitUntil([&] { return FindDialog(host.ProcessId()) != nullptr; }));
     PostMessageW(MainWindowHandle(), WM_CLOSE, 0, 0);
     EXPECT_EQ(0u, host.ExitCode());
 }
@@ -188,18 +188,18 @@ TEST_F(MainWindowTest, ChangesByAnotherProcess_AppearAndKeepTheSelection)
     PressKeys({VK_END});
     ASSERT_TRUE(WaitUntil([] { return SelectedSubject() == L"Second"; }));
     SendMessageW(MainWindowHandle(), WM_COMMAND, ID_REMINDER_MANAGE, 0);
-    const HWND manage = FindDialog(host.GetId());
+    const HWND manage = FindDialog(host.ProcessId());
     constexpr int kManageList = 1030;
-    const auto managed = [&] { return SendMessageW(ChildOf(manage, kManageList), LVM_GETITEMCOUNT, 0, 0); };
+    const auto managed = [&]
+    { return SendMessageW(GetDlgItem(manage, kManageList), LVM_GETITEMCOUNT, 0, 0); };
     EXPECT_EQ(2, managed());
-    ASSERT_EQ(0u, RunProgram(L"reminders.exe",
-                             L"add --document x --map 6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01 --topic "
-                             L"0A9E44C2-7B1D-4E55-8C90-1F2E3D4C5B6A --subject Third --due 2951-01-01"));
+    RunReminders(L"add --document x --map 6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01 --topic "
+                 L"0A9E44C2-7B1D-4E55-8C90-1F2E3D4C5B6A --subject Third --due 2951-01-01");
     // The map has no title and so comes under its file's name.
     EXPECT_EQ((Subjects{L"First", L"Second", L"Third"}), ListedSubjects());
     EXPECT_EQ(L"Second", SelectedSubject());
     EXPECT_EQ(3, managed());
-    ASSERT_EQ(0u, RunProgram(L"reminders.exe", L"delete " + std::wstring(first)));
+    RunReminders(L"delete " + std::wstring(first));
     EXPECT_EQ((Subjects{L"Second", L"Third"}), ListedSubjects());
     EXPECT_EQ(L"Second", SelectedSubject());
     EXPECT_EQ(2, managed());
@@ -276,6 +276,33 @@ TEST_F(MainWindowTest, EditedInTheManageWindow_KeepsTheMainWindowFromClosing)
     ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(manage) != FALSE; }));
     PostMessageW(MainWindowHandle(), WM_CLOSE, 0, 0);
     EXPECT_EQ(0u, host.ExitCode());
+}
+
+TEST_F(MainWindowTest, RemindersAddedWhileItStarts_AreListed)
+{
+    for (int round = 0; round < 3; ++round)
+    {
+        const HostProcess host;
+        // Without a window it cannot be told.
+        std::set<std::wstring> untold;
+        std::wstring last;
+        while (MainWindowHandle() == nullptr)
+        {
+            untold.insert(last);
+            last = std::to_wstring(round) + L"." + std::to_wstring(untold.size());
+            Add(last);
+        }
+        untold.erase(L"");
+        ASSERT_FALSE(untold.empty());
+        ASSERT_TRUE(host.ShowsWindow());
+        EXPECT_TRUE(WaitUntil(
+            [&]
+            {
+                const Subjects listed = ListedSubjects();
+                return std::ranges::includes(std::set(listed.begin(), listed.end()), untold);
+            }))
+            << untold.size();
+    }
 }
 
 TEST_F(MainWindowTest, DamagedReminder_IsListedBesideTheOthers)

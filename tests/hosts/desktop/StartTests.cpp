@@ -1,4 +1,4 @@
-#include "tests/hosts/desktop/HostProcess.h"
+#include "tests/hosts/desktop/DesktopProgramTest.h"
 
 #include "ApplicationIds.h"
 #include "ResourceIds.h"
@@ -116,7 +116,7 @@ class ManageWindow
     void Select(int row) const
     {
         constexpr int kList = 1030;
-        const HWND list = ChildOf(m_dialog.GetSafeHwnd(), kList);
+        const HWND list = GetDlgItem(m_dialog.GetSafeHwnd(), kList);
         SendMessageW(list, WM_KEYDOWN, VK_HOME, 1);
         for (int step = 0; step < row; ++step)
         {
@@ -136,10 +136,10 @@ class StartTest : public DesktopProgramTest
     {
         PostMessageW(MainWindowHandle(), WM_CLOSE, 0, 0);
         EXPECT_TRUE(WaitUntil([] { return MainWindowHandle() == nullptr; }));
-        RunProgram(L"TessalyHost.exe", L"--unregister");
+        EXPECT_EQ(0u, Program(L"--unregister", L"TessalyHost.exe").ExitCode());
     }
 
-    static void Register() { ASSERT_EQ(0u, RunProgram(L"TessalyHost.exe", L"--register")); }
+    static void Register() { ASSERT_EQ(0u, Program(L"--register", L"TessalyHost.exe").ExitCode()); }
 
     ts::ComApartment m_com;
 };
@@ -156,10 +156,10 @@ TEST_F(StartTest, Register_CanBeDoneTwiceAndIsTakenBackCompletely)
     EXPECT_TRUE(command.starts_with(L"\"")) << command.size();
     EXPECT_TRUE(command.ends_with(L"\\TessalyHost.exe\"")) << command.size();
     EXPECT_TRUE(std::filesystem::exists(TypeLibraryPath()));
-    EXPECT_EQ(0u, RunProgram(L"TessalyHost.exe", L"--unregister"));
+    EXPECT_EQ(0u, Program(L"--unregister", L"TessalyHost.exe").ExitCode());
     EXPECT_EQ(before, Classes());
     EXPECT_FALSE(std::filesystem::exists(TypeLibraryPath()));
-    EXPECT_EQ(0u, RunProgram(L"TessalyHost.exe", L"--unregister"));
+    EXPECT_EQ(0u, Program(L"--unregister", L"TessalyHost.exe").ExitCode());
     HRESULT result = S_OK;
     EXPECT_EQ(nullptr, Activate(&result));
     EXPECT_EQ(CO_E_CLASSSTRING, result);
@@ -171,7 +171,7 @@ TEST_F(StartTest, Unregister_LeavesWhatAnotherProgramEntered)
     const wchar_t kOther[] = L"{00000000-1111-2222-3333-444444444444}";
     Register();
     RegSetKeyValueW(HKEY_CURRENT_USER, kKey, nullptr, REG_SZ, kOther, sizeof kOther);
-    EXPECT_EQ(0u, RunProgram(L"TessalyHost.exe", L"--unregister"));
+    EXPECT_EQ(0u, Program(L"--unregister", L"TessalyHost.exe").ExitCode());
     wchar_t text[100] = L"";
     DWORD size = sizeof text;
     EXPECT_EQ(ERROR_SUCCESS,
@@ -185,13 +185,13 @@ TEST_F(StartTest, HelpVersionAndMistakes_AreWrittenWithTheirExitCodes)
 {
     const HostProcess help(L"--help");
     EXPECT_EQ(0u, help.ExitCode());
-    EXPECT_NE(std::string::npos, help.Output().find("--register"));
+    EXPECT_NE(std::string::npos, help.ReadAll().find("--register"));
     const HostProcess version(L"--version");
     EXPECT_EQ(0u, version.ExitCode());
-    EXPECT_EQ("TessalyHost 25.0.0\n", version.Output());
+    EXPECT_EQ("TessalyHost 25.0.0\n", version.ReadAll());
     const HostProcess wrong(L"--no-such-option");
     EXPECT_EQ(2u, wrong.ExitCode());
-    EXPECT_TRUE(wrong.Output().starts_with("TessalyHost: "));
+    EXPECT_TRUE(wrong.ReadAll().starts_with("TessalyHost: "));
 }
 
 TEST_F(StartTest, OpenWithoutTheProgram_StartsItAndShowsTheTopic)
@@ -248,7 +248,7 @@ TEST_F(StartTest, ProgramThatTheUserStarted_ServesClientsAndStays)
     ASSERT_TRUE(host.ShowsWindow());
     DispatchPtr object = Activate();
     ASSERT_NE(nullptr, object);
-    EXPECT_EQ(host.GetId(), MainWindowProcess());
+    EXPECT_EQ(host.ProcessId(), MainWindowProcess());
     EXPECT_EQ(S_OK, Put(*object, false));
     EXPECT_FALSE(IsWindowVisible(MainWindowHandle()));
     object.reset();

@@ -18,14 +18,6 @@ std::wstring Wide(const std::string& ascii)
 
 } // namespace
 
-std::string RunReminders(const std::wstring& arguments)
-{
-    Program program(arguments);
-    std::string text = program.ReadAll();
-    EXPECT_EQ(0u, program.ExitCode()) << std::string(arguments.begin(), arguments.end()) << "\n" << text;
-    return text.substr(0, text.find_last_not_of('\n') + 1);
-}
-
 ServiceProcess::ServiceProcess()
 {
     EXPECT_TRUE(WaitUntil([] { return Window() != nullptr; }));
@@ -43,35 +35,26 @@ HWND ServiceProcess::Window()
 
 HWND ServiceProcess::Alert() const
 {
-    for (HWND window = nullptr;;)
-    {
-        window = FindWindowExW(nullptr, window, L"#32770", nullptr);
-        DWORD process = 0;
-        GetWindowThreadProcessId(window, &process);
-        if (window == nullptr || (process == m_program.ProcessId() && IsWindowVisible(window) != FALSE))
-        {
-            return window;
-        }
-    }
+    return FindDialog(m_program.ProcessId());
 }
 
 int ServiceProcess::Rows() const
 {
-    return static_cast<int>(SendMessageW(GetDlgItem(Alert(), kListOfAlert), LVM_GETITEMCOUNT, 0, 0));
+    return RowCount(GetDlgItem(Alert(), kListOfAlert));
 }
 
 void ServiceProcess::Press(UINT key) const
 {
-    GUITHREADINFO thread{};
-    thread.cbSize = sizeof thread;
+    HWND focus = nullptr;
+    // Another program's window may have come in front of it.
     ASSERT_TRUE(WaitUntil(
         [&]
         {
-            return GetGUIThreadInfo(GetWindowThreadProcessId(Alert(), nullptr), &thread) != FALSE &&
-                   thread.hwndFocus != nullptr;
+            SetForegroundWindow(Alert());
+            return (focus = FocusOf(Alert())) != nullptr;
         }));
-    PostMessageW(thread.hwndFocus, WM_KEYDOWN, key, 1);
-    PostMessageW(thread.hwndFocus, WM_KEYUP, key, LPARAM{1} << 30 | 1);
+    PostMessageW(focus, WM_KEYDOWN, key, 1);
+    PostMessageW(focus, WM_KEYUP, key, LPARAM{1} << 30 | 1);
 }
 
 void ServiceProcess::Click(int button) const
@@ -89,7 +72,7 @@ DWORD ServiceProcess::Stop()
 void ServiceProcess::Kill()
 {
     m_program.Kill();
-    m_program.ExitCode();
+    static_cast<void>(m_program.ExitCode());
 }
 
 ServiceProgramTest::ServiceProgramTest()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TsServiceUtilities.h"
+#include "tests/hosts/OtherWindows.h"
 #include "tests/hosts/Program.h"
 #include "tests/hosts/WaitUntil.h"
 
@@ -8,9 +9,6 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
-
-/// Runs the console's program and gives what it wrote; it must succeed.
-std::string RunReminders(const std::wstring& arguments);
 
 /// A service in a process of its own.
 class ServiceProcess
