@@ -73,6 +73,27 @@ bool IsStored(const CcvReminderData& reminder)
            RecurrenceOptions(stored) == RecurrenceOptions(reminder);
 }
 
+/// What the key of a reminder that was just added holds.
+enum class Added
+{
+    Whole,   ///< the reminder, or what another program has made of it since
+    Partly,  ///< less than was written
+    Another, ///< another program's, which chose the same key at the same moment
+};
+
+Added FindAdded(const CcvReminderData& reminder)
+{
+    CcvReminderData stored(reminder.GetReminderKey());
+    stored.LoadDataFromRegistry(kRemindersPath);
+    if (!stored.GetObjectGuid().IsEmpty() && stored.GetObjectGuid() != reminder.GetObjectGuid())
+    {
+        return Added::Another;
+    }
+    const bool isWhole = stored.GetGuid() == reminder.GetGuid() && !stored.GetSubject().IsEmpty() &&
+                         stored.GetInitialDueDate() != CTime() && stored.GetNextDueDate() != CTime();
+    return isWhole ? Added::Whole : Added::Partly;
+}
+
 /// Neither the library's answer nor what the store holds is enough alone.
 void CheckWritten(bool saved, const CcvReminderData& reminder)
 {
@@ -147,9 +168,17 @@ CcvReminderData* Store::Find(const CString& key) const
 void Store::Add(CcvReminderData& reminder)
 {
     const bool saved = m_manager->AddReminder(&reminder, true);
-    if (!saved || !IsStored(reminder))
+    if (saved && IsStored(reminder))
+    {
+        return;
+    }
+    const Added added = FindAdded(reminder);
+    if (added == Added::Partly)
     {
         TakeBack(reminder);
+    }
+    if (!saved || added != Added::Whole)
+    {
         ThrowUnwritable(reminder);
     }
 }

@@ -5,6 +5,7 @@
 
 #include <bit>
 #include <commctrl.h>
+#include <gtest/gtest.h>
 #include <iterator>
 
 namespace

@@ -3,7 +3,9 @@
 #include "tests/hosts/service/ServiceProgram.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
+#include <memory>
 #include <random>
 
 namespace
@@ -66,7 +68,7 @@ class BothKilledTest : public ServiceProgramTest
         const std::string key =
             Change(L"add --no-outlook --document C:\\maps\\plan.map --map " + Wide(kMap) +
                    L" --topic {0A9E44C2-7B1D-4E55-8C90-1F2E3D4C5" + number + L"} --subject s" + number +
-                   L" --due " + Wide(TimeArgument(Now() - CTimeSpan(60 * round))));
+                   L" --due " + Wide(TimeArgument(Now() - CTimeSpan(60LL * round))));
         EXPECT_TRUE(m_subjects.emplace(key, L"s" + number).second) << key;
     }
     void ChangeOne(int round)

@@ -1,0 +1,65 @@
+#include "ConsoleHarness.h"
+#include "hosts/common/ServiceWindow.h"
+
+#include <functional>
+#include <utility>
+
+// Another program changes a reminder while the console writes it: as soon as it hears of it.
+
+namespace
+{
+
+class ChangedMeanwhile : public ConsoleTest
+{
+  protected:
+    /// Once, inside the call that tells of a change.
+    std::function<void()> m_change;
+
+  private:
+    ts::hosts::ServiceWindow m_window{L"Other program", [this](ts::hosts::ServiceEvent)
+                                      {
+                                          if (const auto change = std::exchange(m_change, nullptr))
+                                          {
+                                              change();
+                                          }
+                                      }};
+};
+
+CcvReminderData Stored(const wchar_t* key)
+{
+    CcvReminderData reminder{CString(key)};
+    EXPECT_TRUE(reminder.LoadDataFromRegistry(ts::kRemindersPath));
+    return reminder;
+}
+
+constexpr wchar_t kKey[] = L"{{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0}";
+
+TEST_F(ChangedMeanwhile, AddedReminder_IsNotTakenBack)
+{
+    m_change = []
+    {
+        CcvReminderData reminder = Stored(kKey);
+        reminder.SetSnoozeTime(CTimeSpan(3600));
+        EXPECT_TRUE(reminder.SaveDataToRegistry(ts::kRemindersPath));
+    };
+    EXPECT_EQ("{{6B1D7C5E-0F43-4C0B-9A35-3F1B8E6A2D01}-0}", Add("2950-03-04"));
+    EXPECT_FALSE(m_change);
+    EXPECT_TRUE(Stored(kKey).IsSnoozed());
+}
+
+TEST_F(ChangedMeanwhile, ReminderOfAnotherTopicUnderTheSameKey_IsLeftAlone)
+{
+    // Two programs that add at the same moment may choose the same key; the later one's reminder stands.
+    m_change = []
+    {
+        CcvReminderData reminder = Stored(kKey);
+        reminder.SetObjectGuid(L"{77777777-0F43-4C0B-9A35-3F1B8E6A2D02}");
+        EXPECT_TRUE(reminder.SaveDataToRegistry(ts::kRemindersPath));
+    };
+    const Outcome outcome = Reminders(AddArguments("2950-03-04", {"--no-outlook"}));
+    EXPECT_EQ(1, outcome.code);
+    EXPECT_NE(std::string::npos, outcome.err.find("could not be written"));
+    EXPECT_EQ(L"{77777777-0F43-4C0B-9A35-3F1B8E6A2D02}", std::wstring(Stored(kKey).GetObjectGuid()));
+}
+
+} // namespace
