@@ -39,7 +39,7 @@ Evaluation Evaluate(const CcvReminderData& reminder, CTime now)
     return evaluation;
 }
 
-bool Passes(Filter filter, const Evaluation& evaluation, CTime now)
+bool Passes(Filter filter, const CcvReminderData& reminder, const Evaluation& evaluation, CTime now)
 {
     switch (filter)
     {
@@ -48,7 +48,9 @@ bool Passes(Filter filter, const Evaluation& evaluation, CTime now)
     case Filter::Today:
         return evaluation.due && IsSameLocalDate(*evaluation.due, now);
     case Filter::Due:
-        return evaluation.reminderTime && *evaluation.reminderTime <= now;
+        // Only a reminder that does not recur can be dismissed; the mark means nothing on another one.
+        return evaluation.reminderTime && *evaluation.reminderTime <= now &&
+               (reminder.IsRecurrent() || !reminder.IsDimissed());
     default:
         return true;
     }
@@ -68,7 +70,7 @@ std::vector<ListedReminder> FilterAndSort(const std::vector<CcvReminderData>& re
     for (std::size_t index = 0; index < reminders.size(); ++index)
     {
         const Evaluation evaluation = Evaluate(reminders[index], now);
-        if (Passes(filter, evaluation, now))
+        if (Passes(filter, reminders[index], evaluation, now))
         {
             entries.push_back({SortTime(evaluation), reminders[index].GetReminderKey(), index, evaluation});
         }

@@ -29,12 +29,13 @@ enum class Filter
     All,
     Recent, ///< due at most 31 days ago, or later
     Today,  ///< due on today's local date
-    Due     ///< the reminder time has come
+    Due     ///< the reminder time has come, and it was not dismissed
 };
 
 /// Whether the reminder is listed. One whose due time raises an error passes All and Recent, so that it is
 /// seen.
-[[nodiscard]] bool Passes(Filter filter, const Evaluation& evaluation, CTime now);
+[[nodiscard]] bool Passes(Filter filter, const CcvReminderData& reminder, const Evaluation& evaluation,
+                          CTime now);
 
 struct ListedReminder
 {

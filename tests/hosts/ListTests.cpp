@@ -85,6 +85,15 @@ TEST_F(ListCommand, DueOfASnoozedReminder_WaitsForItsSnoozeTime)
     EXPECT_EQ(Texts{"x"}, Subjects({"--filter", "due", "--at", "2950-01-01"}));
 }
 
+TEST_F(ListCommand, DismissedReminder_IsNotDueAnyMore)
+{
+    const std::string key = AddSubject("x", "2020-03-04T09:00");
+    Succeed({"dismiss", key});
+    EXPECT_EQ(Texts{}, Subjects({"--filter", "due"}));
+    Succeed({"undismiss", key});
+    EXPECT_EQ(Texts{"x"}, Subjects({"--filter", "due"}));
+}
+
 TEST_F(ListCommand, At_MovesRecurringRemindersOnWithoutWriting)
 {
     AddSubject("x", "2950-03-04T09:00", {"--daily", "1", "--lead", "1h"});
