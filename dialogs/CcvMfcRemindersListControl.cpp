@@ -30,27 +30,11 @@ class TimerPause
     CWnd& m_window;
 };
 
-CString HeadingOf(ReminderColumn kind)
-{
-    switch (kind)
-    {
-    case ReminderColumn::Subject:
-        return ts::LoadText(IDS_COLUMN_SUBJECT);
-    case ReminderColumn::Document:
-        return ts::LoadText(IDS_COLUMN_MAP);
-    case ReminderColumn::DueIn:
-        return ts::LoadText(IDS_COLUMN_DUE);
-    default:
-        return {};
-    }
-}
-
 } // namespace
 
 BEGIN_MESSAGE_MAP(CcvMfcRemindersListControl, CListCtrl)
 ON_NOTIFY_REFLECT(LVN_COLUMNCLICK, OnColumnClick)
 ON_WM_TIMER()
-ON_WM_SIZE()
 ON_WM_KEYDOWN()
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONDBLCLK()
@@ -85,68 +69,40 @@ void CcvMfcRemindersListControl::InitializeColumns(unsigned columnMask)
 
 void CcvMfcRemindersListControl::InsertColumns(unsigned columnMask)
 {
-    using enum ReminderColumn;
-    m_columns.clear();
-    for (const ReminderColumn kind : {Icon, Subject, Document, DueIn})
-    {
-        if ((columnMask & static_cast<unsigned>(kind)) != 0)
-        {
-            m_columns.push_back(kind);
-        }
-    }
-    m_fittedWidth = ClientWidth();
-    const std::vector<int> widths = FindColumnWidths(m_fittedWidth);
-    for (std::size_t column = 0; column < m_columns.size(); ++column)
-    {
-        InsertColumn(static_cast<int>(column), HeadingOf(m_columns[column]), LVCFMT_LEFT, widths[column]);
-    }
-}
-
-std::vector<int> CcvMfcRemindersListControl::FindColumnWidths(int clientWidth) const
-{
-    using enum ReminderColumn;
     constexpr int kIconWidth = 18;
-    const auto has = [this](ReminderColumn kind)
-    { return std::find(m_columns.begin(), m_columns.end(), kind) != m_columns.end(); };
-    const auto width = static_cast<float>(has(Icon) ? clientWidth - kIconWidth : clientWidth);
-    float subjectShare = has(Document) ? 0.7F : 1.0F;
-    subjectShare -= has(DueIn) ? 0.3F : 0.0F;
-    std::vector<int> widths;
-    for (const ReminderColumn kind : m_columns)
-    {
-        const float share = kind == Subject ? subjectShare : 0.3F;
-        widths.push_back(kind == Icon ? kIconWidth : static_cast<int>(share * width));
-    }
-    return widths;
-}
-
-int CcvMfcRemindersListControl::ClientWidth() const
-{
+    const auto has = [columnMask](ReminderColumn kind)
+    { return (columnMask & static_cast<unsigned>(kind)) != 0; };
+    m_columns.clear();
     CRect client;
     GetClientRect(&client);
-    return client.Width();
+    auto width = static_cast<float>(client.Width());
+    float subjectShare = has(ReminderColumn::Document) ? 0.7F : 1.0F;
+    subjectShare -= has(ReminderColumn::DueIn) ? 0.3F : 0.0F;
+    if (has(ReminderColumn::Icon))
+    {
+        width -= kIconWidth;
+        AddColumn(ReminderColumn::Icon, CString(), kIconWidth);
+    }
+    if (has(ReminderColumn::Subject))
+    {
+        AddColumn(ReminderColumn::Subject, ts::LoadText(IDS_COLUMN_SUBJECT),
+                  static_cast<int>(subjectShare * width));
+    }
+    const int otherWidth = static_cast<int>(0.3F * width);
+    if (has(ReminderColumn::Document))
+    {
+        AddColumn(ReminderColumn::Document, ts::LoadText(IDS_COLUMN_MAP), otherWidth);
+    }
+    if (has(ReminderColumn::DueIn))
+    {
+        AddColumn(ReminderColumn::DueIn, ts::LoadText(IDS_COLUMN_DUE), otherWidth);
+    }
 }
 
-// A vertical scroll bar would else bring a horizontal one with it. Widths that the user has set stay.
-void CcvMfcRemindersListControl::OnSize(UINT type, int width, int height)
+void CcvMfcRemindersListControl::AddColumn(ReminderColumn kind, const CString& heading, int width)
 {
-    CListCtrl::OnSize(type, width, height);
-    std::vector<int> present;
-    for (int column = 0; column < static_cast<int>(m_columns.size()); ++column)
-    {
-        present.push_back(GetColumnWidth(column));
-    }
-    const int clientWidth = ClientWidth();
-    if (clientWidth == m_fittedWidth || present != FindColumnWidths(m_fittedWidth))
-    {
-        return;
-    }
-    m_fittedWidth = clientWidth;
-    const std::vector<int> widths = FindColumnWidths(clientWidth);
-    for (std::size_t column = 0; column < widths.size(); ++column)
-    {
-        SetColumnWidth(static_cast<int>(column), widths[column]);
-    }
+    InsertColumn(static_cast<int>(m_columns.size()), heading, LVCFMT_LEFT, width);
+    m_columns.push_back(kind);
 }
 
 void CcvMfcRemindersListControl::InitializeImages()

@@ -74,7 +74,6 @@ class CcvMfcRemindersListControl : public CListCtrl
 
     void OnColumnClick(NMHDR* notification, LRESULT* result);
     void OnTimer(UINT_PTR id);
-    void OnSize(UINT type, int width, int height);
     void OnKeyDown(UINT key, UINT repeats, UINT flags);
     void OnLButtonDown(UINT flags, CPoint point);
     void OnLButtonDblClk(UINT flags, CPoint point);
@@ -114,8 +113,7 @@ class CcvMfcRemindersListControl : public CListCtrl
     [[nodiscard]] bool IsColumn(int column, ReminderColumn kind) const;
 
     void InsertColumns(unsigned columnMask);
-    [[nodiscard]] std::vector<int> FindColumnWidths(int clientWidth) const;
-    [[nodiscard]] int ClientWidth() const;
+    void AddColumn(ReminderColumn kind, const CString& heading, int width);
     void InitializeImages();
     void InitializeHeader();
     void UseWindowColour();
@@ -144,7 +142,6 @@ class CcvMfcRemindersListControl : public CListCtrl
     CImageList m_images;
     CcvMfcRemindersHeaderControl m_header;
     std::vector<ReminderColumn> m_columns;
-    int m_fittedWidth = 0; ///< the client area's, when the columns last got their shares of it
     ReminderColumn m_sortColumn = ReminderColumn::DueIn;
     CTime m_lastRefresh;
     bool m_ascending = true;

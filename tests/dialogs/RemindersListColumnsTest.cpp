@@ -104,42 +104,6 @@ TEST_F(ListColumnsTest, EveryMask_GivesItsColumnsAndWidths)
     }
 }
 
-TEST_F(ListColumnsTest, ManyRows_BringNoHorizontalScrollBar)
-{
-    const auto hasBar = [this](DWORD style) { return (List().GetStyle() & style) != 0; };
-    Open();
-    const Rows wide = Widths();
-    for (int number = 0; number < 200; ++number)
-    {
-        m_store.Add(L"reminder", Noon() + CTimeSpan(number));
-    }
-    Reload();
-    EXPECT_TRUE(hasBar(WS_VSCROLL));
-    EXPECT_FALSE(hasBar(WS_HSCROLL));
-    EXPECT_LT(Widths()[1], wide[1]);
-    EXPECT_EQ(wide[0], Widths()[0]);
-    for (int number = 0; number < 199; ++number)
-    {
-        m_store.Remove(number);
-    }
-    Reload();
-    EXPECT_FALSE(hasBar(WS_VSCROLL));
-    EXPECT_EQ(wide, Widths());
-}
-
-TEST_F(ListColumnsTest, WidthsThatTheUserSet_StayWhateverTheRoom)
-{
-    Open();
-    List().SetColumnWidth(1, 40);
-    const Rows set = Widths();
-    for (int number = 0; number < 200; ++number)
-    {
-        m_store.Add(L"reminder", Noon() + CTimeSpan(number));
-    }
-    Reload();
-    EXPECT_EQ(set, Widths());
-}
-
 TEST_F(ListColumnsTest, Headings_AreTheTextsOfTheInterfaceLanguage)
 {
     Open();
