@@ -8,6 +8,7 @@
 #include "collection/CcvReminderDataCollectionManager.h"
 #include "module/RegistryPaths.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <numeric>
@@ -333,13 +334,7 @@ void MeasureChanges(Harness& harness)
         stored.push_back(ReadBack(reminder));
     }
     CcvReminderDataCollectionManager manager(false);
-    const auto saveBare = [&stored](std::size_t)
-    {
-        for (const Stored& one : stored)
-        {
-            SaveBare(one);
-        }
-    };
+    const auto saveBare = [&stored](std::size_t) { std::ranges::for_each(stored, SaveBare); };
     const auto addAndDelete = [&manager](const CcvReminderData& reminder)
     {
         CcvReminderData added(reminder);
@@ -354,13 +349,7 @@ void MeasureChanges(Harness& harness)
                           { return manager.SnoozeReminder(&reminder, CTimeSpan(600)); }),
                   saveBare);
     MeasureChange(harness, kAdd, "the same registry calls", ForEach(unsaved, addAndDelete),
-                  [&stored](std::size_t)
-                  {
-                      for (const Stored& one : stored)
-                      {
-                          AddAndDeleteBare(one);
-                      }
-                  });
+                  [&stored](std::size_t) { std::ranges::for_each(stored, AddAndDeleteBare); });
 }
 
 } // namespace

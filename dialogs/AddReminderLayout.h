@@ -4,8 +4,8 @@
 
 #include <span>
 
-/// Where the parts of the add-reminder dialog stand. Everything is measured on the windows themselves, so it
-/// holds for every language, font and resolution.
+/// Where the fields and sections of the add-reminder dialog stand. Everything is measured on the windows
+/// themselves, so it holds for every language, font and resolution.
 namespace ts
 {
 

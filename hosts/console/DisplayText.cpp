@@ -66,7 +66,7 @@ Cluster TakeCluster(std::string_view& rest) noexcept
         {
             break;
         }
-        // Terminals that do not join draw the parts side by side, so their widths count.
+        // Terminals that do not join draw the joined characters side by side, so their widths count.
         width = next == kEmojiPresentation ? std::max(width, 2) : width + nextWidth;
         awaitsIndicator = false;
         previous = next;

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string_view>
 
-/// The English names of the parts of a pattern. Reading ignores letter case and takes the usual three-letter
-/// forms of days and months as well.
+/// The English names that a pattern is made of: days, months, ordinals. Reading ignores letter case and takes
+/// the usual three-letter forms of days and months as well.
 namespace ts::console
 {
 

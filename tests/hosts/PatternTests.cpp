@@ -142,9 +142,10 @@ TEST_F(Pattern, StartInThePast_NextDueIsTodayOrLater)
     EXPECT_GT(next, now - CTimeSpan(86400));
 }
 
-TEST_F(Pattern, ThatCannotBe_IsRefusedAndNothingWritten)
+/// Options that make no pattern, and a piece of the answer.
+std::vector<std::pair<std::vector<std::string>, const char*>> Refused()
 {
-    const std::pair<std::vector<std::string>, const char*> rows[] = {
+    return {
         {{"--daily", "0"}, "--daily takes a number from 1"},
         {{"--daily", "-1"}, "--daily takes a number from 1"},
         {{"--daily", "x"}, "--daily takes a number from 1"},
@@ -184,8 +185,12 @@ TEST_F(Pattern, ThatCannotBe_IsRefusedAndNothingWritten)
         {{"--once", "--weekdays"}, "give only one of"},
         {{"--daily", "1", "--daily", "2"}, "--daily"},
     };
+}
+
+TEST_F(Pattern, ThatCannotBe_IsRefusedAndNothingWritten)
+{
     Add("2950-01-01");
-    for (const auto& [options, reason] : rows)
+    for (const auto& [options, reason] : Refused())
     {
         ExpectFailure(2, reason, AddArguments("2950-03-04T09:00", options));
     }

@@ -256,6 +256,20 @@ TEST_P(AddDialogValidationTest, PastedLineBreaks_NeverReachTheRecord)
     EXPECT_EQ(CTimeSpan(420), dialog.GetReminderData()->GetReminderTimeSpan());
 }
 
+/// The record due at that time, nothing when it cannot be due then.
+std::optional<CcvReminderData> DueAt(CcvReminderData record, CTime time)
+{
+    try
+    {
+        SetDue(record, time);
+        return record;
+    }
+    catch (const COleException&)
+    {
+        return std::nullopt;
+    }
+}
+
 TEST_P(AddDialogValidationTest, DatesAtBothEnds_AreTakenOrRefusedOnTheDate)
 {
     struct Row
@@ -264,34 +278,17 @@ TEST_P(AddDialogValidationTest, DatesAtBothEnds_AreTakenOrRefusedOnTheDate)
         int month;
         int day;
         int hour;
-        EcvReminderRecurrenceType type;
+        CcvReminderData pattern;
     };
-    using enum EcvReminderRecurrenceType;
+    const CcvReminderData once = RecordOfType(EcvReminderRecurrenceType::None);
     for (const Row& row :
-         {Row{1970, 1, 2, 0, None}, Row{1970, 1, 1, 12, None}, Row{1970, 1, 1, 0, None},
-          Row{3000, 12, 30, 23, None}, Row{3000, 12, 31, 12, None}, Row{3000, 12, 31, 23, None},
-          Row{3000, 12, 30, 9, Weekly}, Row{3000, 12, 31, 0, Yearly}})
+         {Row{1970, 1, 2, 0, once}, Row{1970, 1, 1, 12, once}, Row{1970, 1, 1, 0, once},
+          Row{3000, 12, 30, 23, once}, Row{3000, 12, 31, 12, once}, Row{3000, 12, 31, 23, once},
+          Row{3000, 12, 30, 9, Weekly(1, 2)}, Row{3000, 12, 31, 0, YearlyOnDay(1, 1)}})
     {
         SCOPED_TRACE(testing::Message() << row.year << ' ' << row.hour);
-        CcvReminderData record = SampleOf(RecordOfType(None));
-        if (row.type == Weekly)
-        {
-            record = SampleOf(test::Weekly(1, 2));
-        }
-        else if (row.type == Yearly)
-        {
-            record = SampleOf(YearlyOnDay(1, 1));
-        }
-        std::optional<CcvReminderData> expected;
-        try
-        {
-            CcvReminderData due = record;
-            SetDue(due, CTime(row.year, row.month, row.day, row.hour, 30, 0));
-            expected = due;
-        }
-        catch (const COleException&)
-        {
-        }
+        CcvReminderData record = SampleOf(row.pattern);
+        const auto expected = DueAt(record, CTime(row.year, row.month, row.day, row.hour, 30, 0));
         CcvMfcAddReminderDialog dialog;
         dialog.UpdateReminderData(&record);
         const INT_PTR result = RunModal(dialog,

@@ -229,6 +229,19 @@ TEST_F(ServiceProgramTest, WrongUse_IsTold)
     EXPECT_EQ(nullptr, ServiceProcess::Window());
 }
 
+/// Kills the service while it starts, alerts, or ends its alert.
+void KillAtRandom(std::mt19937& random)
+{
+    ServiceProcess service;
+    Sleep(random() % 400);
+    if (service.Alert() != nullptr && random() % 2 == 0)
+    {
+        service.Press(VK_ESCAPE);
+        Sleep(random() % 20);
+    }
+    service.Kill();
+}
+
 TEST_F(ServiceProgramTest, KilledAtAnyMoment_LosesNothing)
 {
     constexpr int kReminders = 3;
@@ -243,14 +256,7 @@ TEST_F(ServiceProgramTest, KilledAtAnyMoment_LosesNothing)
     }
     for (int round = 0; round < kRounds; ++round)
     {
-        ServiceProcess service;
-        Sleep(random() % 400);
-        if (service.Alert() != nullptr && random() % 2 == 0)
-        {
-            service.Press(VK_ESCAPE);
-            Sleep(random() % 20);
-        }
-        service.Kill();
+        KillAtRandom(random);
         for (const std::string& key : keys)
         {
             const auto reminder = Show(key);
