@@ -211,6 +211,29 @@ void ListTest::PassMinute()
     List().SendMessage(WM_TIMER, kMinuteTimer);
 }
 
+void ListTest::AddNumbered(int count)
+{
+    for (int number = 0; number < count; ++number)
+    {
+        m_store.Add(std::to_wstring(number).c_str(), Noon() + CTimeSpan(60 * number + 60));
+    }
+}
+
+CString ListTest::SelectedSubject()
+{
+    const CcvReminderData* const reminder = List().GetSelectedReminder();
+    return reminder == nullptr ? CString() : reminder->GetSubject();
+}
+
+LVITEMW ListTest::Item(int row)
+{
+    LVITEMW item{};
+    item.mask = LVIF_IMAGE | LVIF_PARAM;
+    item.iItem = row;
+    EXPECT_NE(FALSE, List().GetItem(&item));
+    return item;
+}
+
 // --- The application ---
 
 ApplicationWindow::ApplicationWindow(const wchar_t* windowClass)

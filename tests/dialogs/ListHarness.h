@@ -98,6 +98,11 @@ class ListTest : public testing::Test
     /// A click as the mouse makes it.
     void Click(POINT point, UINT message = WM_LBUTTONDOWN);
     void PassMinute();
+    /// Reminders with the subjects "0", "1" and so on, due a minute after each other.
+    void AddNumbered(int count);
+    [[nodiscard]] CString SelectedSubject();
+    /// Image and data.
+    [[nodiscard]] LVITEMW Item(int row);
 
     FixedClock m_clock{Noon()};
     ReminderStore m_store;

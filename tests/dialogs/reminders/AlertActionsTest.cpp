@@ -299,7 +299,7 @@ TEST_F(AlertActionsTest, Modal_RunsTwiceAndTellsHowItEnded)
 {
     AddThree();
     Load();
-    m_alert = std::make_unique<CcvMfcReminderAlertDialog>(m_manager.get(), nullptr);
+    m_dialog = std::make_unique<CcvMfcReminderAlertDialog>(m_manager.get(), nullptr);
     for (const int end : {IDOK, IDCANCEL})
     {
         const WhenShown shown(L"#32770",
@@ -309,7 +309,7 @@ TEST_F(AlertActionsTest, Modal_RunsTwiceAndTellsHowItEnded)
                                   EXPECT_EQ(L"once", ItemText(IDC_REMINDER_SUBJECT));
                                   Command(end);
                               });
-        EXPECT_EQ(end, m_alert->DoModal());
+        EXPECT_EQ(end, m_dialog->DoModal());
         EXPECT_FALSE(IsOpen());
     }
     EXPECT_TRUE(IsDismissed(m_once));

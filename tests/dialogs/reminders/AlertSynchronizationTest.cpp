@@ -33,7 +33,7 @@ TEST_F(AlertSynchronizationTest, RefreshWithoutAWindow_DoesNothing)
 {
     AddThree();
     Load();
-    m_alert = std::make_unique<CcvMfcReminderAlertDialog>(m_manager.get(), nullptr);
+    m_dialog = std::make_unique<CcvMfcReminderAlertDialog>(m_manager.get(), nullptr);
     Synchronize();
     Open();
     Command(IDOK);
@@ -199,7 +199,7 @@ TEST_F(AlertSynchronizationTest, HostThatDestroysTheDialogInsideAChange_IsSurviv
         m_host->onSynchronize = [this]
         {
             ++m_messages;
-            m_alert.reset();
+            m_dialog.reset();
             m_manager->UpdateReminderCollection();
         };
         Open();

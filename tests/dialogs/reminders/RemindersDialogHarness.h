@@ -52,6 +52,53 @@ class RemindersDialogTest : public testing::Test
     std::unique_ptr<CcvReminderDataCollectionManager> m_manager;
 };
 
+/// The same for one of the two facades.
+template <typename Facade>
+class FacadeOfRemindersTest : public RemindersDialogTest
+{
+  protected:
+    ~FacadeOfRemindersTest() override { m_dialog.reset(); }
+
+    [[nodiscard]] HWND Dialog() const override
+    {
+        return m_dialog == nullptr ? nullptr : m_dialog->GetSafeHwnd();
+    }
+    /// Loads the reminders and shows the dialog.
+    void Open()
+    {
+        Load();
+        m_dialog = std::make_unique<Facade>(m_manager.get(), nullptr);
+        ASSERT_NE(FALSE, m_dialog->Create(Facade::kTemplate, nullptr));
+        PumpMessages();
+    }
+    /// What a host does when the store has changed.
+    void Synchronize()
+    {
+        m_manager->UpdateReminderCollection();
+        if (m_dialog != nullptr)
+        {
+            m_dialog->SynchronizeReminders();
+        }
+    }
+    /// The window of a host that does so inside each change.
+    void BeHost()
+    {
+        m_host = std::make_unique<ApplicationWindow>(kServiceWindowClass);
+        m_host->onSynchronize = [this]
+        {
+            ++m_messages;
+            Synchronize();
+        };
+    }
+
+    std::unique_ptr<Facade> m_dialog;
+    std::unique_ptr<ApplicationWindow> m_host;
+    int m_messages = 0;
+    int m_once = -1;
+    int m_daily = -1;
+    int m_later = -1;
+};
+
 /// Both dialogs in tests are made of these sizes.
 inline void Resize(HWND window, int width, int height)
 {

@@ -99,7 +99,7 @@ TEST_F(AlertLayoutTest, OpenedAgain_StartsFromItsFirstSize)
     const CSize size = SizeOf(Dialog());
     Resize(Dialog(), size.cx + 40, size.cy + 20);
     Command(IDOK);
-    ASSERT_NE(FALSE, m_alert->Create(IDD_REMINDER_ALERT, nullptr));
+    ASSERT_NE(FALSE, m_dialog->Create(IDD_REMINDER_ALERT, nullptr));
     EXPECT_EQ(size, SizeOf(Dialog()));
     EXPECT_EQ(before, All());
 }
