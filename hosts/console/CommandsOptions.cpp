@@ -83,18 +83,16 @@ void Write(const Option& option, bool value)
     {
         throw OperationError(std::string("the option ") + option.name + " cannot be written");
     }
-    option.set(value);
-    const std::string place = "HKEY_CURRENT_USER\\" + FromLibrary(kSettingsPath);
+    // The library writes only into a key that is there; the application makes it, and may never have run.
     hosts::RegistryHandle settings;
-    if (settings.Open(HKEY_CURRENT_USER, kSettingsPath, KEY_READ) != ERROR_SUCCESS)
+    if (settings.Create(HKEY_CURRENT_USER, kSettingsPath, KEY_READ | KEY_WRITE) == ERROR_SUCCESS)
     {
-        throw OperationError(std::string("the option ") + option.name + " was not written: the key " + place +
-                             " does not exist");
+        option.set(value);
     }
     if (!IsStored(settings.Get(), option, value))
     {
-        throw OperationError(std::string("the option ") + option.name + " could not be written below " +
-                             place);
+        throw OperationError(std::string("the option ") + option.name +
+                             " could not be written below HKEY_CURRENT_USER\\" + FromLibrary(kSettingsPath));
     }
 }
 

@@ -50,13 +50,26 @@ TEST_F(OptionsCommand, Write_IsSeenByTheLibrary)
     EXPECT_TRUE(CcvReminderOptionUtilities::GetSynchronizeInProgress());
 }
 
-TEST_F(OptionsCommand, SettingsKeyMissing_FailsEvenForTheDefault)
+TEST_F(OptionsCommand, SettingsKeyMissing_IsMade)
 {
-    for (const char* value : {"on", "off"})
-    {
-        ExpectFailure(1, "Settings does not exist", {"options", "sound", value});
-        ExpectFailure(1, "Settings does not exist", {"options", "in-progress", value});
-    }
+    EXPECT_EQ("outlook off", Succeed({"options", "outlook", "off"}));
+    EXPECT_FALSE(CcvReminderOptionUtilities::GetSynchronizeOutlookAppointments());
+    EXPECT_TRUE(CcvReminderOptionUtilities::GetPlaySoundWithTickler()) << "the others keep their defaults";
+}
+
+TEST_F(OptionsCommand, ReadOnlyOptionWithoutSettings_MakesNoKey)
+{
+    ExpectFailure(1, "cannot be written", {"options", "add-in", "on"});
+    HKEY settings = nullptr;
+    EXPECT_EQ(ERROR_FILE_NOT_FOUND,
+              RegOpenKeyExW(HKEY_CURRENT_USER, ts::kSettingsPath, 0, KEY_READ, &settings));
+}
+
+TEST_F(OptionsCommand, ValueOfAnotherKind_IsReplaced)
+{
+    ASSERT_EQ(ERROR_SUCCESS,
+              RegSetKeyValueW(HKEY_CURRENT_USER, ts::kSettingsPath, L"PlayTicklerSound", REG_SZ, L"off", 8));
+    EXPECT_EQ("sound off", Succeed({"options", "sound", "off"}));
 }
 
 TEST_F(OptionsCommand, ReadOnlyOption_Fails)
