@@ -97,9 +97,14 @@ Added FindAdded(const CcvReminderData& reminder)
 /// Neither the library's answer nor what the store holds is enough alone.
 void CheckWritten(bool saved, const CcvReminderData& reminder)
 {
-    if (!saved || !IsStored(reminder))
+    if (!saved)
     {
         ThrowUnwritable(reminder);
+    }
+    if (!IsStored(reminder))
+    {
+        throw OperationError("the reminder " + Quoted(FromLibrary(reminder.GetReminderKey())) +
+                             " is not what was written: another program may have changed it since");
     }
 }
 

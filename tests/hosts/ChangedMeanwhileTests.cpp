@@ -47,6 +47,21 @@ TEST_F(ChangedMeanwhile, AddedReminder_IsNotTakenBack)
     EXPECT_TRUE(Stored(kKey).IsSnoozed());
 }
 
+TEST_F(ChangedMeanwhile, EditedReminder_IsLeftToTheOtherProgramAndTheUserIsTold)
+{
+    const std::string key = Add("2950-03-04");
+    m_change = []
+    {
+        CcvReminderData reminder = Stored(kKey);
+        reminder.SetSubject(L"theirs");
+        EXPECT_TRUE(reminder.SaveDataToRegistry(ts::kRemindersPath));
+    };
+    const Outcome outcome = Reminders({"edit", key, "--subject", "mine"});
+    EXPECT_EQ(1, outcome.code);
+    EXPECT_NE(std::string::npos, outcome.err.find("another program may have changed it")) << outcome.err;
+    EXPECT_EQ(L"theirs", std::wstring(Stored(kKey).GetSubject()));
+}
+
 TEST_F(ChangedMeanwhile, ReminderOfAnotherTopicUnderTheSameKey_IsLeftAlone)
 {
     // Two programs that add at the same moment may choose the same key; the later one's reminder stands.
