@@ -3,11 +3,10 @@
 #include "resources/AddReminderControls.h"
 #include "resources/RecurrenceControls.h"
 #include "tests/dialogs/reminders/RemindersDialogHarness.h"
-#include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
+#include "tests/support/ManyRounds.h"
 
 #include <commctrl.h>
-#include <cstdlib>
 
 namespace
 {
@@ -559,23 +558,14 @@ TEST_F(ManageTest, ManyRounds_LeaveNothingBehind)
 {
     AddThree();
     Load();
-    const auto goRound = [this](int rounds)
+    const auto round = [this]
     {
-        for (int round = 0; round < rounds; ++round)
-        {
-            CcvMfcManageRemindersDialog manage(m_manager.get(), nullptr);
-            ASSERT_NE(FALSE, manage.Create(IDD_MANAGE_REMINDERS, nullptr));
-            UpdateWindow(manage.GetSafeHwnd());
-            manage.SynchronizeReminders();
-        }
+        CcvMfcManageRemindersDialog manage(m_manager.get(), nullptr);
+        ASSERT_NE(FALSE, manage.Create(IDD_MANAGE_REMINDERS, nullptr));
+        UpdateWindow(manage.GetSafeHwnd());
+        manage.SynchronizeReminders();
     };
-    const auto count = [] { return std::vector{WindowCount(), GdiObjectCount(), HandleCount()}; };
-    const char* const wanted = std::getenv("TS_TEST_ROUNDS");
-    goRound(5);
-    static_cast<void>(count());
-    const std::vector<std::size_t> before = count();
-    goRound(Rounds(wanted == nullptr ? 20 : std::atoi(wanted)));
-    EXPECT_EQ(before, count());
+    ExpectRoundsLeaveNothing(Rounds(20), round);
 }
 
 } // namespace
