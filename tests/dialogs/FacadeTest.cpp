@@ -5,6 +5,8 @@
 #include "dialogs/CcvMfcReminderAlertDialog.h"
 #include "module/ResourceScope.h"
 #include "tests/support/Allocations.h"
+#include "tests/support/HeapKind.h"
+#include "tests/support/ManyRounds.h"
 #include "tests/support/VirtualSlot.h"
 #include "tests/support/WindowDriver.h"
 #include "tests/windows/TestDialogs.h"
@@ -328,4 +330,18 @@ TEST_F(FacadeTest, ClassRecord_NamesTheBases)
     EXPECT_EQ(sizeof(CcvMfcEnhancedDialog), sizeof(CcvMfcDialogBaseInternal)) << "it adds no data";
     const TestDialog dialog(m_events);
     EXPECT_EQ(TestDialogInternal::GetThisClass(), dialog.GetInternalDialog()->GetRuntimeClass());
+}
+
+TEST_F(FacadeTest, ManyRounds_LeaveNothingBehind)
+{
+    const auto round = [this]
+    {
+        TestDialog modal(m_events);
+        ASSERT_EQ(IDOK, modal.DoModal());
+        TestDialog modeless(m_events);
+        ASSERT_NE(FALSE, modeless.Create(IDD_PLAIN, nullptr));
+        PumpMessages();
+    };
+    ExpectRoundsLeaveNothing(Rounds(20), round);
+    EXPECT_EQ(0, m_events.alive);
 }

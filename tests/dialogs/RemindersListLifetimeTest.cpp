@@ -1,6 +1,6 @@
 #include "tests/dialogs/ListHarness.h"
-#include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
+#include "tests/support/ManyRounds.h"
 
 namespace
 {
@@ -10,23 +10,6 @@ using namespace ts::test;
 class ListLifetimeTest : public ListTest
 {
   protected:
-    struct Counts
-    {
-        std::size_t windows;
-        std::size_t drawing;
-        std::size_t handles;
-
-        bool operator==(const Counts&) const = default;
-    };
-
-    static Counts CountAll() { return {WindowCount(), GdiObjectCount(), HandleCount()}; }
-
-    friend void PrintTo(const Counts& counts, std::ostream* out)
-    {
-        *out << counts.windows << " windows, " << counts.drawing << " drawing objects, " << counts.handles
-             << " handles";
-    }
-
     /// A list with its rows, drawn once with both fonts, and gone again.
     void OneRound()
     {
@@ -55,20 +38,7 @@ class ListLifetimeTest : public ListTest
 TEST_F(ListLifetimeTest, TenThousandRounds_LeaveNothingBehind)
 {
     AddTwo();
-    const auto goRound = [this](int rounds)
-    {
-        for (int round = 0; round < rounds; ++round)
-        {
-            ASSERT_NO_FATAL_FAILURE(OneRound());
-        }
-    };
-    // The first rounds, and the first counting, take what is kept for the later ones.
-    constexpr int kWarmUp = 5;
-    ASSERT_NO_FATAL_FAILURE(goRound(kWarmUp));
-    static_cast<void>(CountAll());
-    const Counts before = CountAll();
-    ASSERT_NO_FATAL_FAILURE(goRound(Rounds(10'000)));
-    EXPECT_EQ(before, CountAll());
+    ExpectRoundsLeaveNothing(Rounds(10'000), [this] { OneRound(); });
 }
 
 TEST_F(ListLifetimeTest, WindowThatGoesFirst_LeavesAnObjectThatCanBeUsedAgain)

@@ -1,6 +1,7 @@
 #include "ConsoleHarness.h"
 
 #include "App.h"
+#include "tests/support/ManyRounds.h"
 #include "tests/support/WindowDriver.h"
 
 #include <functional>
@@ -143,6 +144,17 @@ TEST_F(DialogOption, WrongArgumentsBesideIt_AreRefusedFirst)
     std::vector<std::string> arguments = DialogArguments();
     arguments[4] = "x";
     ExpectFailure(2, "--map is no GUID", arguments);
+}
+
+TEST_F(DialogOption, ManyRounds_LeaveNothingBehind)
+{
+    const std::string key = Add("2950-03-04T09:00", {"--weekly", "2", "--on", "tue"});
+    const auto round = [&key]
+    {
+        EXPECT_EQ(0, WithDialog(DialogArguments(), [](HWND dialog) { Press(dialog, IDCANCEL); }).code);
+        EXPECT_EQ(0, WithDialog({"edit", key, "--dialog"}, [](HWND dialog) { Press(dialog, IDOK); }).code);
+    };
+    ExpectRoundsLeaveNothing(5, round);
 }
 
 } // namespace

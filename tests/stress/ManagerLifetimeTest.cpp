@@ -8,6 +8,7 @@
 #include "tests/stress/HostWindow.h"
 #include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
+#include "tests/support/ManyRounds.h"
 #include "tests/support/RandomSource.h"
 #include "tests/support/RawRegistry.h"
 #include "tests/support/ThreadIds.h"
@@ -194,7 +195,7 @@ TEST_F(ManagerLifetimeTest, Destruction_AtAnyMoment_EndsAndLeavesNoThreadAndNoHa
     const std::size_t threads = ThreadCount();
     const std::size_t handles = HandleCount();
 
-    Live(Rounds(1000));
+    Live(WantedRounds(Rounds(1000)));
 
     ExpectNoMoreThreads(threads);
     EXPECT_GE(handles, HandleCount()) << m_random;
@@ -211,7 +212,7 @@ TEST_F(ManagerLifetimeTest, Destruction_WhileOutlookIsAskedFor_EndsAndLeavesNoTh
     Live(Rounds(20));
     const std::size_t threads = ThreadCount();
 
-    Live(Rounds(200));
+    Live(WantedRounds(Rounds(200)));
 
     ExpectNoMoreThreads(threads);
     EXPECT_GT(m_fromWorker, 0) << m_random;

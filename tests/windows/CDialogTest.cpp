@@ -1,6 +1,6 @@
 #include "module/ResourceScope.h"
-#include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
+#include "tests/support/ManyRounds.h"
 #include "tests/support/WindowDriver.h"
 #include "tests/windows/ControlsDialog.h"
 
@@ -418,18 +418,5 @@ TEST(CDialogTest, ManyRounds_LeaveNothingBehind)
         ASSERT_NE(FALSE, dialog.Create(IDD_CONTROLS));
         ASSERT_NE(nullptr, dialog.GetDlgItem(IDOK));
     };
-    for (int warmUp = 0; warmUp < 20; ++warmUp)
-    {
-        round();
-    }
-    const std::size_t windows = WindowCount();
-    const std::size_t objects = GdiObjectCount();
-    const std::size_t handles = HandleCount();
-    for (int count = Rounds(1000); count > 0; --count)
-    {
-        round();
-    }
-    EXPECT_EQ(windows, WindowCount());
-    EXPECT_EQ(objects, GdiObjectCount());
-    EXPECT_EQ(handles, HandleCount());
+    ExpectRoundsLeaveNothing(Rounds(1000), round);
 }

@@ -1,6 +1,6 @@
 #include "platform/mfc/afxwin.h"
-#include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
+#include "tests/support/ManyRounds.h"
 #include "tests/support/WindowDriver.h"
 
 #include <bit>
@@ -473,18 +473,5 @@ TEST(CWndTest, TenThousandRounds_LeaveNothingBehind)
         CWnd subclassed;
         ASSERT_NE(FALSE, subclassed.SubclassWindow(edit));
     };
-    for (int warmUp = 0; warmUp < 20; ++warmUp)
-    {
-        round();
-    }
-    const std::size_t windows = WindowCount();
-    const std::size_t objects = GdiObjectCount();
-    const std::size_t handles = HandleCount();
-    for (int count = Rounds(10'000); count > 0; --count)
-    {
-        round();
-    }
-    EXPECT_EQ(windows, WindowCount());
-    EXPECT_EQ(objects, GdiObjectCount());
-    EXPECT_EQ(handles, HandleCount());
+    ExpectRoundsLeaveNothing(Rounds(10'000), round);
 }

@@ -7,8 +7,8 @@
 #include "platform/ts/CcvTimedBackgroundWaiter.h"
 #include "platform/ts/SuggestionList.h"
 #include "tests/platform/ImportPatch.h"
-#include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
+#include "tests/support/ManyRounds.h"
 #include "tests/support/TextOutput.h"
 #include "tests/support/WindowDriver.h"
 
@@ -217,20 +217,7 @@ TEST(MakersControlsTest, TenThousandRounds_LeaveNothingBehind)
         CcvSplitMenuButton button;
         ASSERT_NE(FALSE, button.Create(L"Snooze", WS_CHILD | WS_VISIBLE, CRect(10, 40, 110, 60), &frame, 2));
     };
-    for (int warmUp = 0; warmUp < 20; ++warmUp)
-    {
-        round();
-    }
-    const std::size_t windows = WindowCount();
-    const std::size_t objects = GdiObjectCount();
-    const std::size_t handles = HandleCount();
-    for (int count = Rounds(10'000); count > 0; --count)
-    {
-        round();
-    }
-    EXPECT_EQ(windows, WindowCount());
-    EXPECT_EQ(objects, GdiObjectCount());
-    EXPECT_EQ(handles, HandleCount());
+    ExpectRoundsLeaveNothing(Rounds(10'000), round);
 }
 
 TEST(GdiUtilitiesTest, DescribedFont_IsMadeWithItsWeight)

@@ -6,6 +6,7 @@
 #include "tests/dialogs/add/AddDialogHarness.h"
 #include "tests/reminders/recurrence/Patterns.h"
 #include "tests/support/HeapKind.h"
+#include "tests/support/ManyRounds.h"
 #include "tests/support/TextOutput.h"
 
 #include <algorithm>
@@ -303,24 +304,25 @@ TEST_P(AddDialogLayoutTest, PaneWithoutChange_KeepsTheDialogsSize)
 
 TEST_P(AddDialogResourcesTest, ManyRounds_LeaveNothingBehind)
 {
-    const auto show = []
+    const auto show = [](const CcvReminderData* record)
     {
-        const CcvReminderData record = SampleOf(Weekly(1, 2));
         CcvMfcAddReminderDialog dialog;
-        dialog.UpdateReminderData(&record);
-        EXPECT_NE(FALSE, dialog.Create(IDD_ADD_REMINDER, nullptr));
+        if (record != nullptr)
+        {
+            dialog.UpdateReminderData(record);
+        }
+        ASSERT_NE(FALSE, dialog.Create(IDD_ADD_REMINDER, nullptr));
         PumpMessages();
     };
-    show();
-    const std::size_t windows = WindowCount();
-    const std::size_t drawing = GdiObjectCount();
-    // The counts must be the same to the last object, so a leak shows in any round.
-    for (int round = 0; round < Rounds(20); ++round)
+    const CcvReminderData patterns[] = {SampleOf(EveryNDays(2)), SampleOf(Weekly(1, 2)),
+                                        SampleOf(MonthlyOnDay(1, 15)), SampleOf(YearlyOnDay(3, 15))};
+    std::size_t next = 0;
+    const auto round = [&]
     {
-        show();
-    }
-    EXPECT_EQ(windows, WindowCount());
-    EXPECT_EQ(drawing, GdiObjectCount());
+        show(nullptr);
+        show(&patterns[next++ % std::size(patterns)]);
+    };
+    ExpectRoundsLeaveNothing(Rounds(10), round);
 }
 
 } // namespace ts::test

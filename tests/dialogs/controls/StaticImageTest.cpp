@@ -2,8 +2,8 @@
 #include "dialogs/TransparentBitmap.h"
 #include "tests/dialogs/controls/Canvas.h"
 #include "tests/dialogs/controls/HostWindow.h"
-#include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
+#include "tests/support/ManyRounds.h"
 #include "tests/support/VirtualSlot.h"
 #include "tests/support/WindowDriver.h"
 
@@ -313,16 +313,6 @@ TEST(CcvStaticImageTest, TenThousandRounds_LeaveNothing)
         item.hDC = canvas.Dc().GetSafeHdc();
         image.DrawItem(&item);
     };
-    round();
-    const std::size_t windows = WindowCount();
-    const std::size_t drawing = GdiObjectCount();
-    const std::size_t handles = HandleCount();
-    for (int index = 0; index < Rounds(10000); ++index)
-    {
-        round();
-    }
-    EXPECT_EQ(windows, WindowCount());
-    EXPECT_EQ(drawing, GdiObjectCount());
-    EXPECT_EQ(handles, HandleCount());
+    ExpectRoundsLeaveNothing(Rounds(10'000), round);
     picture.Select();
 }

@@ -1,6 +1,8 @@
 #include "dialogs/CcvMfcDeleteRecurrenceConfirmationDialog.h"
 #include "platform/ts/CBCGPGlobalUtils.h"
 #include "tests/dialogs/recurrence/PaneHarness.h"
+#include "tests/support/HeapKind.h"
+#include "tests/support/ManyRounds.h"
 
 #include <bit>
 #include <functional>
@@ -137,4 +139,14 @@ TEST(CommonIcons, BothSizes_AreTheSystemsOwn)
         EXPECT_NE(nullptr, globalUtils.GetCommonIcon(window, IDI_EXCLAMATION, size));
     }
     EXPECT_EQ(nullptr, globalUtils.GetCommonIcon(window, L"no such icon", CBCGPGlobalUtils::kLargeIcon));
+}
+
+TEST_F(DeleteQuestionTest, ManyRounds_LeaveNothingBehind)
+{
+    const auto round = []
+    {
+        Question question;
+        EXPECT_EQ(IDOK, Ask(question, [](HWND window) { ::SendMessageW(window, WM_COMMAND, IDOK, 0); }));
+    };
+    ExpectRoundsLeaveNothing(Rounds(20), round);
 }

@@ -5,8 +5,8 @@
 #include "dialogs/CcvMfcRecurrenceWeeklyDialog.h"
 #include "dialogs/CcvMfcRecurrenceYearlyDialog.h"
 #include "tests/dialogs/recurrence/PaneHarness.h"
-#include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
+#include "tests/support/ManyRounds.h"
 
 #include <algorithm>
 #include <bit>
@@ -261,19 +261,7 @@ TYPED_TEST(PaneKeysTest, Mnemonics_LeadFromTheDialogToThePane)
 
 TYPED_TEST(PaneKeysTest, ManyRounds_LeaveNothingBehind)
 {
-    const auto once = [] { const typename TestFixture::Open open([](auto&) {}); };
-    once();
-    const std::size_t windows = WindowCount();
-    const std::size_t objects = GdiObjectCount();
-    const std::size_t handles = HandleCount();
-    // The counts must be the same to the last object, so a leak shows in any round.
-    for (int round = 0; round < Rounds(20); ++round)
-    {
-        once();
-    }
-    EXPECT_EQ(windows, WindowCount());
-    EXPECT_EQ(objects, GdiObjectCount());
-    EXPECT_EQ(handles, HandleCount());
+    ExpectRoundsLeaveNothing(Rounds(20), [] { const typename TestFixture::Open open([](auto&) {}); });
 }
 
 namespace

@@ -1,9 +1,7 @@
 #include "dialogs/CcvMfcManageRemindersDialogInternal.h"
 #include "tests/dialogs/reminders/ManageHarness.h"
-#include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
-
-#include <cstdlib>
+#include "tests/support/ManyRounds.h"
 
 namespace
 {
@@ -168,23 +166,14 @@ TEST_F(ManageTest, ManyRounds_LeaveNothingBehind)
 {
     AddThree();
     Load();
-    const auto goRound = [this](int rounds)
+    const auto round = [this]
     {
-        for (int round = 0; round < rounds; ++round)
-        {
-            CcvMfcManageRemindersDialog manage(m_manager.get(), nullptr);
-            ASSERT_NE(FALSE, manage.Create(IDD_MANAGE_REMINDERS, nullptr));
-            UpdateWindow(manage.GetSafeHwnd());
-            manage.SynchronizeReminders();
-        }
+        CcvMfcManageRemindersDialog manage(m_manager.get(), nullptr);
+        ASSERT_NE(FALSE, manage.Create(IDD_MANAGE_REMINDERS, nullptr));
+        UpdateWindow(manage.GetSafeHwnd());
+        manage.SynchronizeReminders();
     };
-    const auto count = [] { return std::vector{WindowCount(), GdiObjectCount(), HandleCount()}; };
-    const char* const wanted = std::getenv("TS_TEST_ROUNDS");
-    goRound(5);
-    static_cast<void>(count());
-    const std::vector<std::size_t> before = count();
-    goRound(Rounds(wanted == nullptr ? 20 : std::atoi(wanted)));
-    EXPECT_EQ(before, count());
+    ExpectRoundsLeaveNothing(Rounds(20), round);
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 #include "tests/dialogs/reminders/AlertHarness.h"
-#include "tests/support/HandleCount.h"
 #include "tests/support/HeapKind.h"
-
-#include <cstdlib>
+#include "tests/support/ManyRounds.h"
 
 namespace
 {
@@ -121,23 +119,14 @@ TEST_F(AlertLayoutTest, ManyRounds_LeaveNothingBehind)
 {
     AddThree();
     Load();
-    const auto goRound = [this](int rounds)
+    const auto round = [this]
     {
-        for (int round = 0; round < rounds; ++round)
-        {
-            CcvMfcReminderAlertDialog alert(m_manager.get(), nullptr);
-            ASSERT_NE(FALSE, alert.Create(IDD_REMINDER_ALERT, nullptr));
-            UpdateWindow(alert.GetSafeHwnd());
-            alert.SynchronizeReminders();
-        }
+        CcvMfcReminderAlertDialog alert(m_manager.get(), nullptr);
+        ASSERT_NE(FALSE, alert.Create(IDD_REMINDER_ALERT, nullptr));
+        UpdateWindow(alert.GetSafeHwnd());
+        alert.SynchronizeReminders();
     };
-    const auto count = [] { return std::vector{WindowCount(), GdiObjectCount(), HandleCount()}; };
-    const char* const wanted = std::getenv("TS_TEST_ROUNDS");
-    goRound(5);
-    static_cast<void>(count());
-    const std::vector<std::size_t> before = count();
-    goRound(Rounds(wanted == nullptr ? 20 : std::atoi(wanted)));
-    EXPECT_EQ(before, count());
+    ExpectRoundsLeaveNothing(Rounds(20), round);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "tests/hosts/service/ServiceTest.h"
 
 #include "platform/WindowsHook.h"
-#include "tests/support/HandleCount.h"
+#include "tests/support/ManyRounds.h"
 
 namespace
 {
@@ -403,7 +403,6 @@ TEST_F(ServiceTest, Run_WaitsAndEndsWithTheClose)
 
 TEST_F(ServiceTest, HundredsOfRounds_LeaveNothing)
 {
-    constexpr int kRounds = 100;
     AddRecurring(L"daily", At(0));
     Start();
     const auto round = [&]
@@ -413,20 +412,7 @@ TEST_F(ServiceTest, HundredsOfRounds_LeaveNothing)
         ASSERT_FALSE(IsOpen());
         WakeNext();
     };
-    for (int warmUp = 0; warmUp < 5; ++warmUp)
-    {
-        round();
-    }
-    const std::size_t windows = WindowCount();
-    const std::size_t drawn = GdiObjectCount();
-    const std::size_t handles = HandleCount();
-    for (int count = 0; count < kRounds; ++count)
-    {
-        round();
-    }
-    EXPECT_EQ(windows, WindowCount());
-    EXPECT_EQ(drawn, GdiObjectCount());
-    EXPECT_EQ(handles, HandleCount());
+    ExpectRoundsLeaveNothing(100, round);
 }
 
 } // namespace
