@@ -172,13 +172,13 @@ TEST_F(ListRoomTest, ListWithoutSubjects_KeepsItsWidths)
     }
 }
 
-TEST_F(ListRoomTest, TinyList_IsSurvived)
+TEST_F(ListRoomTest, TinyList_KeepsALittleWidthForTheSubject)
 {
     Open(kAllColumns, kWidth);
     const Rows start = Widths();
     HaveRows(200);
     Resize(20, 20);
-    EXPECT_GE(Widths()[1], 0);
+    EXPECT_EQ(40, Widths()[1]);
     Resize(kWidth, 300);
     EXPECT_FALSE(HasBar(WS_HSCROLL));
     EXPECT_EQ(With(start, -m_bar), Widths());
