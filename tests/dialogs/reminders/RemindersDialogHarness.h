@@ -37,8 +37,6 @@ class RemindersDialogTest : public testing::Test
     void PressButton(int id) const { SendMessageW(Item(id), BM_CLICK, 0, 0); }
     void Command(int id) const { SendMessageW(Dialog(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
     void SystemCommand(UINT command) const { SendMessageW(Dialog(), WM_SYSCOMMAND, command, 0); }
-    /// A letter with the Alt key.
-    void PressMnemonic(wchar_t letter) const;
     void PassMinute() const { List().SendMessage(WM_TIMER, 1001); }
     [[nodiscard]] bool IsOpen() const { return Dialog() != nullptr; }
 
