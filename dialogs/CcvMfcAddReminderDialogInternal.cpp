@@ -1,6 +1,7 @@
 #include "dialogs/CcvMfcAddReminderDialogInternal.h"
 
 #include "dialogs/AddReminderLayout.h"
+#include "dialogs/FieldHeight.h"
 #include "dialogs/LeadTimeText.h"
 #include "module/LanguageText.h"
 #include "module/ResourceScope.h"
@@ -214,6 +215,7 @@ void CcvMfcAddReminderDialogInternal::AttachControls()
     {
         m_leadTimeControl.AddString(ts::LoadText(id));
     }
+    ts::FitComboBoxes(*this);
 }
 
 void CcvMfcAddReminderDialogInternal::CreatePanes()

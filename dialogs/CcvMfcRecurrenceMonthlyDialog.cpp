@@ -1,5 +1,6 @@
 #include "dialogs/CcvMfcRecurrenceMonthlyDialog.h"
 
+#include "dialogs/FieldHeight.h"
 #include "dialogs/RecurrencePane.h"
 #include "module/LanguageText.h"
 #include "module/ResourceScope.h"
@@ -101,6 +102,7 @@ BOOL CcvMfcRecurrenceMonthlyDialog::OnInitDialog()
     const BOOL result = CcvMfcDialogBaseInternal::OnInitDialog();
     ts::FillOrdinals(m_ordinals);
     ts::FillDayTypes(m_dayTypes);
+    ts::FitComboBoxes(*this);
     m_messages.Register(m_hWnd);
     UpdateData(FALSE);
     return result;

@@ -1,5 +1,6 @@
 #include "dialogs/CcvMfcRecurrenceYearlyDialog.h"
 
+#include "dialogs/FieldHeight.h"
 #include "dialogs/RecurrencePane.h"
 #include "module/LanguageText.h"
 #include "module/ResourceScope.h"
@@ -125,6 +126,7 @@ BOOL CcvMfcRecurrenceYearlyDialog::OnInitDialog()
     ts::FillMonths(m_dayTypeMonthNames);
     ts::FillOrdinals(m_ordinals);
     ts::FillDayTypes(m_dayTypes);
+    ts::FitComboBoxes(*this);
     m_messages.Register(m_hWnd);
     UpdateData(FALSE);
     return result;

@@ -11,7 +11,6 @@
 #include "resources/RemindersControls.h"
 #include "resources/StringIds.h"
 
-#include <algorithm>
 #include <bit>
 
 namespace
@@ -249,21 +248,8 @@ void CcvMfcRemindersDialogInternal::OnSize(UINT type, int width, int height)
     {
         return;
     }
-    const int formerWidth = PlaceOf(IDC_REMINDERS).Width();
     m_layout.Arrange();
     PlaceSubject((m_recurrenceImage.GetStyle() & WS_VISIBLE) != 0);
-    WidenSubjectColumn(PlaceOf(IDC_REMINDERS).Width() - formerWidth);
-}
-
-void CcvMfcRemindersDialogInternal::WidenSubjectColumn(int pixels)
-{
-    constexpr int kNarrowest = 40;
-    const unsigned columns = GetListColumns();
-    const int subject = (columns & static_cast<unsigned>(ReminderColumn::Icon)) != 0 ? 1 : 0;
-    if (pixels != 0)
-    {
-        m_list->SetColumnWidth(subject, std::max(m_list->GetColumnWidth(subject) + pixels, kNarrowest));
-    }
 }
 
 LRESULT CcvMfcRemindersDialogInternal::OnGetMinMaxInfo(WPARAM, LPARAM lParam)

@@ -74,7 +74,6 @@ class CcvMfcRemindersDialogInternal : public CcvMfcDialogBaseInternal
     void InitializeImage();
     void ShowDetails(const CcvReminderData* reminder);
     void PlaceSubject(bool besideImage);
-    void WidenSubjectColumn(int pixels);
     [[nodiscard]] CRect PlaceOf(int controlId) const;
 
     CFont m_boldFont;

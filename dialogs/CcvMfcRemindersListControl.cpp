@@ -35,6 +35,7 @@ class TimerPause
 BEGIN_MESSAGE_MAP(CcvMfcRemindersListControl, CListCtrl)
 ON_NOTIFY_REFLECT(LVN_COLUMNCLICK, OnColumnClick)
 ON_WM_TIMER()
+ON_WM_SIZE()
 ON_WM_KEYDOWN()
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONDBLCLK()
@@ -73,9 +74,7 @@ void CcvMfcRemindersListControl::InsertColumns(unsigned columnMask)
     const auto has = [columnMask](ReminderColumn kind)
     { return (columnMask & static_cast<unsigned>(kind)) != 0; };
     m_columns.clear();
-    CRect client;
-    GetClientRect(&client);
-    auto width = static_cast<float>(client.Width());
+    auto width = static_cast<float>(ClientWidth());
     float subjectShare = has(ReminderColumn::Document) ? 0.7F : 1.0F;
     subjectShare -= has(ReminderColumn::DueIn) ? 0.3F : 0.0F;
     if (has(ReminderColumn::Icon))
@@ -85,8 +84,9 @@ void CcvMfcRemindersListControl::InsertColumns(unsigned columnMask)
     }
     if (has(ReminderColumn::Subject))
     {
-        AddColumn(ReminderColumn::Subject, ts::LoadText(IDS_COLUMN_SUBJECT),
-                  static_cast<int>(subjectShare * width));
+        m_subjectWidth = static_cast<int>(subjectShare * width);
+        m_otherWidth = ClientWidth() - m_subjectWidth;
+        AddColumn(ReminderColumn::Subject, ts::LoadText(IDS_COLUMN_SUBJECT), m_subjectWidth);
     }
     const int otherWidth = static_cast<int>(0.3F * width);
     if (has(ReminderColumn::Document))
@@ -103,6 +103,34 @@ void CcvMfcRemindersListControl::AddColumn(ReminderColumn kind, const CString& h
 {
     InsertColumn(static_cast<int>(m_columns.size()), heading, LVCFMT_LEFT, width);
     m_columns.push_back(kind);
+}
+
+int CcvMfcRemindersListControl::FindColumn(ReminderColumn kind) const
+{
+    const auto found = std::find(m_columns.begin(), m_columns.end(), kind);
+    return found == m_columns.end() ? -1 : static_cast<int>(found - m_columns.begin());
+}
+
+int CcvMfcRemindersListControl::ClientWidth() const
+{
+    CRect client;
+    GetClientRect(&client);
+    return client.Width();
+}
+
+void CcvMfcRemindersListControl::OnSize(UINT type, int width, int height)
+{
+    CListCtrl::OnSize(type, width, height);
+    constexpr int kNarrowest = 40;
+    const int subject = FindColumn(ReminderColumn::Subject);
+    if (subject < 0 || GetColumnWidth(subject) != m_subjectWidth)
+    {
+        return;
+    }
+    // A vertical scroll bar would else bring a horizontal one. That bar's own message comes inside this one,
+    // so the width is not the message's.
+    m_subjectWidth = std::max(ClientWidth() - m_otherWidth, kNarrowest);
+    SetColumnWidth(subject, m_subjectWidth);
 }
 
 void CcvMfcRemindersListControl::InitializeImages()
@@ -209,12 +237,11 @@ bool CcvMfcRemindersListControl::InsertNewlyDue(CTime now)
 
 void CcvMfcRemindersListControl::UpdateDueInTexts(CTime now)
 {
-    const auto found = std::find(m_columns.begin(), m_columns.end(), ReminderColumn::DueIn);
-    if (found == m_columns.end())
+    const int column = FindColumn(ReminderColumn::DueIn);
+    if (column < 0)
     {
         return;
     }
-    const auto column = static_cast<int>(found - m_columns.begin());
     for (int row = 0; row < GetItemCount(); ++row)
     {
         CcvReminderData* const reminder =

@@ -24,6 +24,9 @@ inline constexpr UINT WM_REMINDER_SELCHANGED = 1165;
 /// the collection is loaded again, and each change through the collection may cause that before it returns.
 /// Rows are given their reminders' new indices when the list is sorted, and each minute. A row whose reminder
 /// vanished is left until the next refresh; actions on it do nothing, and it is sorted as without a due time.
+///
+/// The subject's column takes what room the list gains and gives what it loses, be it by its size or by its
+/// vertical scroll bar, for as long as the user has not set its width.
 class CcvMfcRemindersListControl : public CListCtrl
 {
   public:
@@ -74,6 +77,7 @@ class CcvMfcRemindersListControl : public CListCtrl
 
     void OnColumnClick(NMHDR* notification, LRESULT* result);
     void OnTimer(UINT_PTR id);
+    void OnSize(UINT type, int width, int height);
     void OnKeyDown(UINT key, UINT repeats, UINT flags);
     void OnLButtonDown(UINT flags, CPoint point);
     void OnLButtonDblClk(UINT flags, CPoint point);
@@ -114,6 +118,8 @@ class CcvMfcRemindersListControl : public CListCtrl
 
     void InsertColumns(unsigned columnMask);
     void AddColumn(ReminderColumn kind, const CString& heading, int width);
+    [[nodiscard]] int FindColumn(ReminderColumn kind) const;
+    [[nodiscard]] int ClientWidth() const;
     void InitializeImages();
     void InitializeHeader();
     void UseWindowColour();
@@ -142,6 +148,8 @@ class CcvMfcRemindersListControl : public CListCtrl
     CImageList m_images;
     CcvMfcRemindersHeaderControl m_header;
     std::vector<ReminderColumn> m_columns;
+    int m_subjectWidth = 0; ///< of its column, as it was set here
+    int m_otherWidth = 0;   ///< what that column leaves of the client area's width
     ReminderColumn m_sortColumn = ReminderColumn::DueIn;
     CTime m_lastRefresh;
     bool m_ascending = true;

@@ -83,6 +83,11 @@ void CcvMfcRemindersListControl::DrawItem(DRAWITEMSTRUCT* item)
         DrawCell(dc, look, column, cell, description.fmt);
         cell.left = cell.right;
     }
+    if (isSelected && GetSysColor(colours.background) == GetSysColor(COLOR_WINDOW))
+    {
+        // In schemes of high contrast nothing else would tell the row from the others.
+        ::FrameRect(item->hDC, &bounds, GetSysColorBrush(COLOR_WINDOWTEXT));
+    }
 }
 
 void CcvMfcRemindersListControl::DrawCell(CDC& dc, const RowLook& look, int column, const CRect& cell,

@@ -51,6 +51,8 @@ struct Options
     std::string file;
     std::string language = "en";
     Extent extent;
+    int rows = Contents().count;
+    bool longTexts = false;
     bool highContrast = false;
     bool listNames = false;
 };
@@ -62,6 +64,8 @@ void Declare(CLI::App& app, Options& options)
     app.add_option("--language", options.language, "en, de or fr")->check(CLI::IsMember({"en", "de", "fr"}));
     app.add_option("--width", options.extent.width, "Of the window, in pixels")->check(CLI::PositiveNumber);
     app.add_option("--height", options.extent.height, "Of the window, in pixels")->check(CLI::PositiveNumber);
+    app.add_option("--rows", options.rows, "How many reminders there are")->check(CLI::Range(0, 10'000));
+    app.add_flag("--long-texts", options.longTexts, "Subjects and titles that strain the layout");
     app.add_flag("--high-contrast", options.highContrast, "White on black");
     app.add_flag("--list", options.listNames, "Print what there is to show");
     app.footer("Example: gallery list list.png --language de");
@@ -99,7 +103,7 @@ int Show(const Options& options)
         const std::wstring language(options.language.begin(), options.language.end());
         SetInterfaceLanguage(language.c_str());
         StopClock();
-        FillStore(options.language);
+        FillStore({options.language, options.rows, options.longTexts});
         const std::unique_ptr<Exhibit> exhibit = entry.make(options.extent);
         Settle();
         SavePicture(exhibit->GetWindow(), std::wstring(options.file.begin(), options.file.end()));

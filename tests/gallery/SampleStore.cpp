@@ -6,6 +6,7 @@
 
 #include <array>
 #include <stdexcept>
+#include <string>
 
 namespace ts::gallery
 {
@@ -74,9 +75,37 @@ constexpr std::array<Words, kCount> kFrench = {
      {L"Renouveler le passeport", L"Voyages"},
      {L"Anniversaire de mariage", L"Famille"}}};
 
-const std::array<Words, kCount>& WordsOf(std::string_view language)
+/// What strains a layout. Some of it no font of the machine may have.
+constexpr std::array<Words, kCount> kLong = {
+    {{L"Tell everybody about the change of plan ", L"Minutes of the meeting "},
+     {L"Donaudampfschifffahrtsgesellschaftskapit\u00E4n", L"Rindfleischetikettierungs\u00FCberwachung"},
+     {L"\u05E9\u05DC\u05D5\u05DD \u05E2\u05D5\u05DC\u05DD (today) ",
+      L"\u0645\u0631\u062D\u0628\u0627 \u0628\u0627\u0644\u0639\u0627\u0644\u0645 "},
+     {L"\U0001F389\U0001F4C5 Party ", L"\U0001F680"},
+     {L"R&D && Sales & more &amp; ", L"A&B "},
+     {L"\tTabs\tand\r\nline breaks ", L"Line\nbreaks "},
+     {L"WWWWWWWWWW", L"iiiiiiiiii"},
+     {L"\u4F1A\u8B70\u306E\u8CC7\u6599", L"\u4E88\u7B97"}}};
+
+/// Repeats a text up to the length that strains.
+CString Long(const wchar_t* text)
 {
-    return language == "de" ? kGerman : language == "fr" ? kFrench : kEnglish;
+    constexpr std::size_t kLength = 500;
+    std::wstring repeated;
+    while (repeated.size() < kLength)
+    {
+        repeated += text;
+    }
+    return CString(repeated.substr(0, kLength).c_str());
+}
+
+Words WordsOf(const Contents& contents, std::size_t index)
+{
+    const auto& words = contents.longTexts          ? kLong
+                        : contents.language == "de" ? kGerman
+                        : contents.language == "fr" ? kFrench
+                                                    : kEnglish;
+    return words[index % kCount];
 }
 
 void SetPattern(CcvReminderData& reminder, EcvReminderRecurrenceType type)
@@ -103,6 +132,17 @@ void SetPattern(CcvReminderData& reminder, EcvReminderRecurrenceType type)
     }
 }
 
+void SetTimes(CcvReminderData& reminder, std::size_t index)
+{
+    const Sample& sample = kSamples[index % kCount];
+    const bool isRepeated = index >= kCount;
+    const CTime due(Noon() + (isRepeated ? -static_cast<std::int64_t>(index) * kMinute : sample.dueIn));
+    SetPattern(reminder, sample.type);
+    reminder.SetInitialDueDate(due);
+    reminder.SetNextDueDate(due);
+    reminder.SetReminderTimeSpan(isRepeated ? 0 : sample.lead);
+}
+
 } // namespace
 
 void StopClock() noexcept
@@ -110,23 +150,21 @@ void StopClock() noexcept
     ReplaceClock(Noon);
 }
 
-void FillStore(std::string_view language)
+void FillStore(const Contents& contents)
 {
-    for (std::size_t index = 0; index < kCount; ++index)
+    for (int number = 0; number < contents.count; ++number)
     {
-        const Sample& sample = kSamples[index];
-        const Words& words = WordsOf(language)[index];
+        const auto index = static_cast<std::size_t>(number);
+        const Words words = WordsOf(contents, index);
+        const auto text = [&contents](const wchar_t* word)
+        { return contents.longTexts ? Long(word) : CString(word); };
         CcvReminderData reminder{CString()};
-        reminder.SetSubject(words.subject);
-        reminder.SetDocumentTitle(words.document);
-        reminder.SetDocumentPath(CString(L"C:\\Maps\\") + words.document);
-        const wchar_t digit[] = {static_cast<wchar_t>(L'0' + index), L'\0'};
-        reminder.SetMapGuid(CString(L"{map ") + digit + L"}");
+        reminder.SetSubject(text(words.subject));
+        reminder.SetDocumentTitle(text(words.document));
+        reminder.SetDocumentPath(CString(L"C:\\Maps\\") + text(words.document));
+        reminder.SetMapGuid(CString(L"{map ") + std::to_wstring(number).c_str() + L"}");
         reminder.SetObjectGuid(L"{topic}");
-        SetPattern(reminder, sample.type);
-        reminder.SetInitialDueDate(CTime(Noon() + sample.dueIn));
-        reminder.SetNextDueDate(CTime(Noon() + sample.dueIn));
-        reminder.SetReminderTimeSpan(sample.lead);
+        SetTimes(reminder, index);
         if (!reminder.SaveDataToRegistry(kRemindersPath))
         {
             throw std::runtime_error("a reminder cannot be stored");

@@ -108,6 +108,20 @@ void ts::test::TypeText(const std::wstring& text)
     }
 }
 
+void ts::test::PressMnemonic(wchar_t letter)
+{
+    constexpr LPARAM kAltIsDown = LPARAM{1} << 29;
+    PostMessageW(FocusWindow(), WM_SYSCHAR, letter, kAltIsDown | 1);
+    PumpMessages();
+}
+
+void ts::test::KeyHeld::Set(unsigned char state) const
+{
+    BYTE keys[256]{};
+    keys[m_key] = state;
+    SetKeyboardState(keys);
+}
+
 void ts::test::Click(HWND window, int x, int y)
 {
     PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));

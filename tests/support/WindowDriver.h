@@ -22,6 +22,24 @@ bool PumpUntil(const std::function<bool()>& done);
 void PressKey(UINT virtualKey);
 /// Posts the characters of `text` to the window that has the focus, and handles them.
 void TypeText(const std::wstring& text);
+/// A letter with the Alt key, for the window that has the focus.
+void PressMnemonic(wchar_t letter);
+
+/// A key such as VK_SHIFT is held down while it lives.
+class KeyHeld
+{
+  public:
+    explicit KeyHeld(int virtualKey) : m_key(virtualKey) { Set(0x80); }
+    KeyHeld(const KeyHeld&) = delete;
+    KeyHeld& operator=(const KeyHeld&) = delete;
+    ~KeyHeld() { Set(0); }
+
+  private:
+    void Set(unsigned char state) const;
+
+    int m_key;
+};
+
 /// Presses and releases the left button at a point of the window's client area.
 void Click(HWND window, int x, int y);
 

@@ -17,31 +17,6 @@ namespace
 using namespace ts::test;
 using Stops = std::vector<int>;
 
-/// The Shift key is down while it lives.
-class ShiftDown
-{
-  public:
-    ShiftDown() { Set(0x80); }
-    ShiftDown(const ShiftDown&) = delete;
-    ShiftDown& operator=(const ShiftDown&) = delete;
-    ~ShiftDown() { Set(0); }
-
-  private:
-    static void Set(BYTE state)
-    {
-        BYTE keys[256]{};
-        keys[VK_SHIFT] = state;
-        SetKeyboardState(keys);
-    }
-};
-
-void PressMnemonic(wchar_t letter)
-{
-    constexpr LPARAM kAltIsDown = LPARAM{1} << 29;
-    PostMessageW(GetFocus(), WM_SYSCHAR, letter, kAltIsDown);
-    PumpMessages();
-}
-
 /// A message loop that knows nothing of dialogs.
 void PumpPlainly()
 {
@@ -137,7 +112,7 @@ TYPED_TEST(PaneKeysTest, Tab_GoesThroughDialogAndPaneAndBack)
         }
         EXPECT_EQ(expected, forwards);
 
-        const ShiftDown shift;
+        const KeyHeld shift(VK_SHIFT);
         Stops backwards{OuterDialog::Focus()};
         while (backwards.size() < expected.size())
         {

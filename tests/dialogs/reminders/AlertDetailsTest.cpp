@@ -100,7 +100,7 @@ TEST_F(AlertDetailsTest, LargerWindow_IsDrawnAgainAsAWhole)
     EXPECT_EQ(client, outdated);
 }
 
-TEST_F(AlertDetailsTest, SubjectColumnThatTheUserNarrowed_KeepsALittleWidth)
+TEST_F(AlertDetailsTest, SubjectColumnThatTheUserNarrowed_KeepsItsWidth)
 {
     AddThree();
     Open();
@@ -108,7 +108,7 @@ TEST_F(AlertDetailsTest, SubjectColumnThatTheUserNarrowed_KeepsALittleWidth)
     Resize(Dialog(), size.cx + 150, size.cy);
     List().SetColumnWidth(1, 60);
     Resize(Dialog(), size.cx, size.cy);
-    EXPECT_EQ(40, List().GetColumnWidth(1));
+    EXPECT_EQ(60, List().GetColumnWidth(1));
 }
 
 TEST_F(AlertDetailsTest, BoldDueIn_FitsItsColumnInEveryLanguage)

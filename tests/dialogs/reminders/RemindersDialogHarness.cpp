@@ -40,13 +40,6 @@ ts::test::Texts ts::test::RemindersDialogTest::Subjects() const
     return texts;
 }
 
-void ts::test::RemindersDialogTest::PressMnemonic(wchar_t letter) const
-{
-    constexpr LPARAM kWithAlt = LPARAM{1} << 29 | 1;
-    PostMessageW(GetFocus(), WM_SYSCHAR, letter, kWithAlt);
-    PumpMessages();
-}
-
 int ts::test::RemindersDialogTest::AddRecurring(const wchar_t* subject, CTime due, int days)
 {
     CcvReminderData reminder = EveryNDays(days);

@@ -37,8 +37,6 @@ class RemindersDialogTest : public testing::Test
     void PressButton(int id) const { SendMessageW(Item(id), BM_CLICK, 0, 0); }
     void Command(int id) const { SendMessageW(Dialog(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
     void SystemCommand(UINT command) const { SendMessageW(Dialog(), WM_SYSCOMMAND, command, 0); }
-    /// A letter with the Alt key.
-    void PressMnemonic(wchar_t letter) const;
     void PassMinute() const { List().SendMessage(WM_TIMER, 1001); }
     [[nodiscard]] bool IsOpen() const { return Dialog() != nullptr; }
 
@@ -89,6 +87,23 @@ class FacadeOfRemindersTest : public RemindersDialogTest
             ++m_messages;
             Synchronize();
         };
+    }
+
+    /// Ends the dialog and removes what AddThree has added.
+    void CloseAndRemove()
+    {
+        m_dialog.reset();
+        for (const int number : {m_once, m_daily, m_later})
+        {
+            if (m_store.Load(number))
+            {
+                m_store.Remove(number);
+            }
+        }
+    }
+    [[nodiscard]] std::wstring SubjectAt(int index) const
+    {
+        return m_manager->GetReminderByIndex(index)->GetSubject().GetString();
     }
 
     std::unique_ptr<Facade> m_dialog;
