@@ -15,6 +15,7 @@ IMPLEMENT_DYNAMIC(CcvMfcAddReminderDialogInternal, CcvMfcDialogBaseInternal)
 
 BEGIN_MESSAGE_MAP(CcvMfcAddReminderDialogInternal, CcvMfcDialogBaseInternal)
 ON_BN_CLICKED(IDC_ADD_TOGGLE_RECURRENCE, OnToggleRecurrence)
+ON_CONTROL(CBN_KILLFOCUS, IDC_ADD_LEAD_TIME, OnLeadTimeLeft)
 ON_BN_CLICKED(IDC_ADD_DAILY, OnKindChosen)
 ON_BN_CLICKED(IDC_ADD_WEEKLY, OnKindChosen)
 ON_BN_CLICKED(IDC_ADD_MONTHLY, OnKindChosen)
@@ -266,6 +267,12 @@ void CcvMfcAddReminderDialogInternal::OnToggleRecurrence()
 void CcvMfcAddReminderDialogInternal::OnKindChosen()
 {
     LayOut();
+}
+
+void CcvMfcAddReminderDialogInternal::OnLeadTimeLeft()
+{
+    // A selection that stays would look like the focus.
+    m_leadTimeControl.SendMessage(CB_SETEDITSEL, 0, MAKELPARAM(0, 0));
 }
 
 void CcvMfcAddReminderDialogInternal::OnOK()
