@@ -15,6 +15,8 @@ IMPLEMENT_DYNAMIC(CcvMfcAddReminderDialogInternal, CcvMfcDialogBaseInternal)
 
 BEGIN_MESSAGE_MAP(CcvMfcAddReminderDialogInternal, CcvMfcDialogBaseInternal)
 ON_BN_CLICKED(IDC_ADD_TOGGLE_RECURRENCE, OnToggleRecurrence)
+ON_CONTROL(CBN_SETFOCUS, IDC_ADD_LEAD_TIME, OnLeadTimeEntered)
+ON_CONTROL(CBN_KILLFOCUS, IDC_ADD_LEAD_TIME, OnLeadTimeLeft)
 ON_BN_CLICKED(IDC_ADD_DAILY, OnKindChosen)
 ON_BN_CLICKED(IDC_ADD_WEEKLY, OnKindChosen)
 ON_BN_CLICKED(IDC_ADD_MONTHLY, OnKindChosen)
@@ -266,6 +268,19 @@ void CcvMfcAddReminderDialogInternal::OnToggleRecurrence()
 void CcvMfcAddReminderDialogInternal::OnKindChosen()
 {
     LayOut();
+}
+
+// As in edit controls, what is typed replaces the text, and only the focus shows a selection. Some systems'
+// combo boxes see to neither.
+void CcvMfcAddReminderDialogInternal::OnLeadTimeEntered()
+{
+    constexpr WORD kToTheEnd = 0xFFFF;
+    m_leadTimeControl.SendMessage(CB_SETEDITSEL, 0, MAKELPARAM(0, kToTheEnd));
+}
+
+void CcvMfcAddReminderDialogInternal::OnLeadTimeLeft()
+{
+    m_leadTimeControl.SendMessage(CB_SETEDITSEL, 0, MAKELPARAM(0, 0));
 }
 
 void CcvMfcAddReminderDialogInternal::OnOK()

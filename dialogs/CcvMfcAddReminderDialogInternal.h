@@ -26,6 +26,8 @@ class CcvMfcAddReminderDialogInternal : public CcvMfcDialogBaseInternal
     void OnOK() override;
     void OnToggleRecurrence();
     void OnKindChosen();
+    void OnLeadTimeEntered();
+    void OnLeadTimeLeft();
 
     DECLARE_MESSAGE_MAP()
 

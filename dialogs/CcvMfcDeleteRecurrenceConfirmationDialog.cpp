@@ -26,5 +26,6 @@ BOOL CcvMfcDeleteRecurrenceConfirmationDialog::OnInitDialog()
     const BOOL result = CcvMfcDialogBaseInternal::OnInitDialog();
     const HICON icon = globalUtils.GetCommonIcon(*this, IDI_EXCLAMATION, CBCGPGlobalUtils::kLargeIcon);
     ::SendDlgItemMessageW(m_hWnd, IDC_DELETE_ICON, STM_SETICON, std::bit_cast<WPARAM>(icon), 0);
+    CenterWindow();
     return result;
 }

@@ -16,6 +16,7 @@ ON_WM_LBUTTONDBLCLK()
 ON_WM_CHAR()
 ON_WM_KEYDOWN()
 ON_WM_SETCURSOR()
+ON_WM_PAINT()
 ON_CONTROL_REFLECT(EN_CHANGE, OnChange)
 ON_NOTIFY(UDN_DELTAPOS, kSpinId, OnSpin)
 END_MESSAGE_MAP()
@@ -175,6 +176,13 @@ void CcvTimePickerControl::OnKeyDown(UINT key, UINT repeats, UINT flags)
 BOOL CcvTimePickerControl::OnSetCursor(CWnd* /*window*/, UINT /*hitTest*/, UINT /*message*/)
 {
     return FALSE;
+}
+
+void CcvTimePickerControl::OnPaint()
+{
+    CEdit::OnPaint();
+    // The system's edits may paint with the clipping of their parent, which does not spare their children.
+    m_spin.Invalidate();
 }
 
 // The text changes with every step; the dialog asks for the time when it needs it.

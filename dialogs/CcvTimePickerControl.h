@@ -29,6 +29,7 @@ class CcvTimePickerControl : public CEdit
     void OnChar(UINT character, UINT repeats, UINT flags);
     void OnKeyDown(UINT key, UINT repeats, UINT flags);
     BOOL OnSetCursor(CWnd* window, UINT hitTest, UINT message);
+    void OnPaint();
     void OnChange();
     void OnSpin(NMHDR* header, LRESULT* result);
 

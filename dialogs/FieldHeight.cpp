@@ -20,7 +20,7 @@ bool IsComboBox(HWND window)
 void SetHeight(HWND combo, int height)
 {
     // The height of the part that is always there goes by this number.
-    constexpr WPARAM kField = static_cast<WPARAM>(-1);
+    constexpr auto kField = static_cast<WPARAM>(-1);
     LRESULT text = SendMessageW(combo, CB_GETITEMHEIGHT, kField, 0);
     // The second step corrects the first: some systems do not ask back for the height that they tell.
     for (int step = 0; step < 2; ++step)

@@ -38,12 +38,12 @@ class ControlsExhibit : public Exhibit
     [[nodiscard]] HWND GetWindow() const override { return m_frame.m_hWnd; }
 
   private:
-    static constexpr int kMargin = 11;
+    const int m_margin = Scaled(11);
 
     void CreatePicker()
     {
         constexpr UINT kPickerId = 1003;
-        const CRect area(CPoint(kMargin, kMargin), CSize(110, 22));
+        const CRect area(CPoint(m_margin, m_margin), CSize(Scaled(110), Scaled(22)));
         CEdit edit;
         edit.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_BORDER, area, &m_frame, kPickerId);
         edit.SetFont(&m_frame.Font());
@@ -54,15 +54,16 @@ class ControlsExhibit : public Exhibit
 
     void CreateImage(CcvStaticImage& image, CSize size)
     {
-        image.Create(L"", WS_CHILD | WS_VISIBLE | SS_OWNERDRAW, CRect(CPoint(m_left, 44), size), &m_frame);
-        m_left += size.cx + kMargin;
+        image.Create(L"", WS_CHILD | WS_VISIBLE | SS_OWNERDRAW, CRect(CPoint(m_left, Scaled(44)), size),
+                     &m_frame);
+        m_left += size.cx + m_margin;
     }
 
     Frame m_frame;
     CcvTimePickerControl m_picker;
     CBitmap m_recurrence;
     std::array<CcvStaticImage, 4> m_images;
-    int m_left = kMargin;
+    int m_left = m_margin;
 };
 
 } // namespace

@@ -30,12 +30,12 @@ class ListExhibit : public Exhibit
   private:
     void CreateList()
     {
-        constexpr int kMargin = 11;
+        const int margin = Scaled(11);
         constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_OWNERDRAWFIXED |
                                  LVS_SINGLESEL | LVS_SHOWSELALWAYS;
         CRect area;
         m_frame.GetClientRect(&area);
-        area.DeflateRect(kMargin, kMargin);
+        area.DeflateRect(margin, margin);
         const HWND window = CreateWindowExW(
             WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"", kStyle, area.left, area.top, area.Width(), area.Height(),
             m_frame.m_hWnd, std::bit_cast<HMENU>(UINT_PTR{kListId}), GetModuleHandleW(nullptr), nullptr);

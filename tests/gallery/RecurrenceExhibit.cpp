@@ -6,6 +6,7 @@
 #include "module/ResourceScope.h"
 #include "resources/RecurrenceControls.h"
 #include "tests/gallery/Exhibit.h"
+#include "tests/gallery/Frame.h"
 
 #include <stdexcept>
 
@@ -15,7 +16,6 @@ namespace
 {
 
 constexpr wchar_t kFrameClass[] = L"GalleryPaneFrame";
-constexpr int kMargin = 11;
 
 /// A pane in a window of its own.
 template <typename Pane>
@@ -48,10 +48,11 @@ class PaneExhibit : public Exhibit
     {
         CRect pane;
         m_pane.GetWindowRect(&pane);
-        CRect frame(0, 0, pane.Width() + 2 * kMargin, pane.Height() + 2 * kMargin);
+        const int margin = Scaled(11);
+        CRect frame(0, 0, pane.Width() + 2 * margin, pane.Height() + 2 * margin);
         AdjustWindowRect(&frame, m_frame.GetStyle(), FALSE);
         m_frame.SetWindowPos(nullptr, 0, 0, frame.Width(), frame.Height(), SWP_NOMOVE | SWP_NOZORDER);
-        m_pane.SetWindowPos(nullptr, kMargin, kMargin, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        m_pane.SetWindowPos(nullptr, margin, margin, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
         m_pane.ShowWindow(SW_SHOW);
         m_frame.ShowWindow(SW_SHOW);
     }

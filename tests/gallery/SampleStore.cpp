@@ -124,6 +124,7 @@ void SetPattern(CcvReminderData& reminder, EcvReminderRecurrenceType type)
     {
         reminder.SetMonthlyRecurrentDayOfMonth(30);
         reminder.SetMonthlyReminderPattern1Month(1);
+        reminder.SetMonthlyReminderPattern2Month(1);
     }
     else if (type == Yearly)
     {

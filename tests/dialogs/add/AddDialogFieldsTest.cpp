@@ -37,7 +37,70 @@ void CollectHeights(HWND parent, std::vector<int>& heights)
     }
 }
 
+/// The pixels of a window as they are on the screen.
+std::vector<COLORREF> PixelsOf(HWND window)
+{
+    PumpMessages();
+    CRect client;
+    GetClientRect(window, client);
+    const HDC screen = GetDC(window);
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < client.bottom; ++y)
+    {
+        for (int x = 0; x < client.right; ++x)
+        {
+            pixels.push_back(GetPixel(screen, x, y));
+        }
+    }
+    ReleaseDC(window, screen);
+    return pixels;
+}
+
 } // namespace
+
+TEST_P(AddDialogFieldsTest, ArrowsOfTheTime_StayWhenTheFocusComesAndTheTimeChanges)
+{
+    CcvMfcAddReminderDialog dialog;
+    RunModal(dialog,
+             [](const ShownDialog& shown)
+             {
+                 UpdateWindow(shown.Window());
+                 const HWND spin = GetWindow(shown.Item(IDC_ADD_TIME), GW_CHILD);
+                 const std::vector<COLORREF> arrows = PixelsOf(spin);
+                 EXPECT_NE(std::vector<COLORREF>(arrows.size(), arrows.front()), arrows);
+                 for (const UINT key : {VK_TAB, VK_TAB, VK_UP, VK_LEFT, VK_DOWN, VK_TAB})
+                 {
+                     PressKey(key);
+                     EXPECT_EQ(arrows, PixelsOf(spin)) << key;
+                 }
+                 shown.Cancel();
+             });
+}
+
+TEST_P(AddDialogFieldsTest, LeadTimeThatIsLeft_ShowsNoSelection)
+{
+    CcvMfcAddReminderDialog dialog;
+    RunModal(dialog,
+             [](const ShownDialog& shown)
+             {
+                 const HWND combo = shown.Item(IDC_ADD_LEAD_TIME);
+                 const auto selected = [combo]
+                 {
+                     const LRESULT selection = SendMessageW(combo, CB_GETEDITSEL, 0, 0);
+                     return HIWORD(selection) - LOWORD(selection);
+                 };
+                 for (int round = 0; round < 2; ++round)
+                 {
+                     SetFocus(shown.Item(IDC_ADD_TIME));
+                     PressKey(VK_TAB);
+                     EXPECT_TRUE(ShownDialog::HasFocus(combo));
+                     EXPECT_EQ(std::ssize(shown.Text(IDC_ADD_LEAD_TIME)), selected()) << "to be typed over";
+                     PressKey(VK_TAB);
+                     EXPECT_EQ(0, selected());
+                 }
+                 shown.Cancel();
+             });
+}
 
 TEST_P(AddDialogFieldsTest, FieldsOfDialogAndPanes_AreAllOfOneHeight)
 {

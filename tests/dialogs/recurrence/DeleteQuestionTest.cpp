@@ -5,6 +5,7 @@
 #include "tests/support/ManyRounds.h"
 
 #include <bit>
+#include <cstdlib>
 #include <functional>
 
 namespace
@@ -129,6 +130,23 @@ TEST_F(DeleteQuestionTest, Owner_IsDisabledMeanwhile)
                             }));
     EXPECT_EQ(FALSE, enabled);
     EXPECT_NE(FALSE, owner.IsWindowEnabled());
+}
+
+TEST_F(DeleteQuestionTest, Window_StandsInTheMiddleOfItsOwner)
+{
+    CWnd owner;
+    const CRect place(20, 30, 720, 530);
+    ASSERT_NE(FALSE, owner.CreateEx(0, L"Static", L"Owner", WS_POPUP | WS_VISIBLE, place, nullptr, 0));
+    Question question(&owner);
+    CRect shown;
+    EXPECT_EQ(IDCANCEL, Ask(question,
+                            [&](HWND window)
+                            {
+                                ::GetWindowRect(window, shown);
+                                ::SendMessageW(window, WM_COMMAND, IDCANCEL, 0);
+                            }));
+    EXPECT_LE(std::abs(place.CenterPoint().x - shown.CenterPoint().x), 1);
+    EXPECT_LE(std::abs(place.CenterPoint().y - shown.CenterPoint().y), 1);
 }
 
 TEST(CommonIcons, BothSizes_AreTheSystemsOwn)
