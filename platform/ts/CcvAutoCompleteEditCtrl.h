@@ -3,7 +3,9 @@
 #include "platform/ComApartment.h"
 #include "platform/mfc/BasicControls.h"
 
+#include <memory>
 #include <optional>
+#include <unknwn.h>
 #include <vector>
 
 /// An edit control that offers texts to choose from while the user types, with the shell's auto-completion.
@@ -19,7 +21,19 @@ class CcvAutoCompleteEditCtrl : public CEdit
   protected:
     void PostNcDestroy() override;
 
+    LRESULT OnGetDialogCode(WPARAM wParam, LPARAM lParam);
+
+    DECLARE_MESSAGE_MAP()
+
   private:
+    struct Releaser
+    {
+        void operator()(IUnknown* object) const noexcept { object->Release(); }
+    };
+
+    [[nodiscard]] bool IsOffering() const;
+
     // The shell's object lives with the window and needs COM for as long.
     std::optional<ts::ComApartment> m_apartment;
+    std::unique_ptr<IUnknown, Releaser> m_completion;
 };

@@ -248,6 +248,26 @@ TEST_P(AddDialogEveryStopTest, EnterAndEscape_AreOkAndCancelFromEverywhere)
     }
 }
 
+TEST_P(AddDialogEveryStopTest, EscapeWhileSubjectsAreSuggested_ClosesTheirListAndThenTheDialog)
+{
+    EndlessDialog endless(nullptr);
+    CcvMfcAddReminderDialog dialog;
+    const std::unique_ptr<CcvMfcDialogBaseInternal> former(dialog.GetInternalDialog());
+    dialog.SetInternalDialog(&endless);
+    RunModal(dialog,
+             [&](const ShownDialog& shown)
+             {
+                 shown.TypeSubject(L"c");
+                 PressKey(VK_ESCAPE);
+                 EXPECT_EQ(0, endless.m_cancels);
+                 EXPECT_EQ(L"c", shown.Text(IDC_ADD_SUBJECT));
+                 PressKey(VK_ESCAPE);
+                 EXPECT_EQ(1, endless.m_cancels);
+                 endless.EndDialog(IDOK);
+             });
+    dialog.SetInternalDialog(nullptr);
+}
+
 TEST_P(AddDialogEveryStopTest, EnterAndEscapeInAPane_EndTheDialog)
 {
     for (const int button : kPanes)
