@@ -172,11 +172,7 @@ INT_PTR CDialog::DoModal()
         RunModalLoop();
     }
     const bool wasActive = m_hWnd != nullptr && GetActiveWindow() == m_hWnd;
-    if (m_hWnd != nullptr)
-    {
-        SetWindowPos(nullptr, 0, 0, 0, 0,
-                     SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
-    }
+    HideWindow();
     // Before the dialog goes, or the system would activate a window of somebody else.
     owner.Enable();
     if (wasActive && owner.Get() != nullptr)
@@ -221,8 +217,20 @@ void CDialog::EndDialog(INT_PTR result)
     }
     m_modalResult = result;
     m_mode = Mode::kEnding;
+    // The loop of another dialog, opened meanwhile from another window, may run inside this one's for long.
+    HideWindow();
     // The loop may be waiting: the end may come with a message that was sent.
     ::PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
+/// Whatever is active stays so.
+void CDialog::HideWindow()
+{
+    if (m_hWnd != nullptr)
+    {
+        SetWindowPos(nullptr, 0, 0, 0, 0,
+                     SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
+    }
 }
 
 void CDialog::PostNcDestroy()

@@ -59,6 +59,7 @@ class TS_API CDialog : public CWnd
     BOOL CreateWindowFrom(const DLGTEMPLATE* dialogTemplate, HWND parent, HINSTANCE module);
     [[nodiscard]] const DLGTEMPLATE* FindModalTemplate() const noexcept;
     void RunModalLoop();
+    void HideWindow();
     void PostNcDestroy() override;
 
     enum class Mode

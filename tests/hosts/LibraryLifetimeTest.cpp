@@ -1,9 +1,9 @@
 #include "platform/WindowsHeaders.h"
-#include "tests/support/CommittedBytes.h"
 #include "tests/support/HandleCount.h"
 #include "tests/support/ManyRounds.h"
 
 #include <bit>
+#include <cstdint>
 #include <gtest/gtest.h>
 
 namespace
@@ -22,6 +22,20 @@ void LoadUseUnload()
     ASSERT_EQ(nullptr, GetModuleHandleW(L"TsServiceUtilities.dll"));
 }
 
+/// The bytes of this process's address space that hold something: heaps, stacks, and mapped files.
+std::size_t CommittedBytes()
+{
+    std::size_t committed = 0;
+    MEMORY_BASIC_INFORMATION region;
+    for (std::uintptr_t address = 0;
+         VirtualQuery(std::bit_cast<const void*>(address), &region, sizeof region) != 0;
+         address = std::bit_cast<std::uintptr_t>(region.BaseAddress) + region.RegionSize)
+    {
+        committed += region.State == MEM_COMMIT ? region.RegionSize : 0;
+    }
+    return committed;
+}
+
 } // namespace
 
 TEST(LibraryLifetimeTest, AThousandLoadsAndUnloads_LeaveNothingBehind)
@@ -32,12 +46,12 @@ TEST(LibraryLifetimeTest, AThousandLoadsAndUnloads_LeaveNothingBehind)
         ASSERT_NO_FATAL_FAILURE(LoadUseUnload());
     }
     const std::size_t handles = ts::test::HandleCount();
-    const std::size_t committed = ts::test::CommittedBytes();
+    const std::size_t committed = CommittedBytes();
     for (int round = 0; round < rounds; ++round)
     {
         ASSERT_NO_FATAL_FAILURE(LoadUseUnload()) << round;
     }
     EXPECT_EQ(handles, ts::test::HandleCount());
     // A language library that stayed mapped would cost 12 KB a round, a slot or a heap block less.
-    EXPECT_LT(ts::test::CommittedBytes(), committed + static_cast<std::size_t>(rounds) * 256);
+    EXPECT_LT(CommittedBytes(), committed + static_cast<std::size_t>(rounds) * 256);
 }

@@ -184,6 +184,36 @@ TEST(CDialogTest, ModalOwnerDisabledBefore_StaysDisabled)
     EXPECT_EQ(FALSE, owner.IsWindowEnabled());
 }
 
+TEST(CDialogTest, ClosedUnderAnotherOnesLoop_DisappearsAtOnceAndEndsAfterIt)
+{
+    const OpenDialog independent;
+    ControlsDialog outer(nullptr, IDD_PLAIN);
+    outer.m_exchanges = false;
+    bool wasVisible = false;
+    bool isVisible = true;
+    INT_PTR innerResult = 0;
+    const WhenShown meanwhile(L"#32770",
+                              [&](HWND window)
+                              {
+                                  // The user has two windows, and goes on with the one under the other.
+                                  ControlsDialog inner(nullptr, IDD_PLAIN);
+                                  inner.m_exchanges = false;
+                                  const WhenShown close(L"#32770",
+                                                        [&](HWND)
+                                                        {
+                                                            wasVisible = IsWindowVisible(window) != FALSE;
+                                                            outer.SendMessage(WM_COMMAND, IDCANCEL);
+                                                            isVisible = IsWindowVisible(window) != FALSE;
+                                                            inner.EndDialog(IDOK);
+                                                        });
+                                  innerResult = inner.DoModal();
+                              });
+    EXPECT_EQ(IDCANCEL, outer.DoModal());
+    EXPECT_TRUE(wasVisible);
+    EXPECT_FALSE(isVisible);
+    EXPECT_EQ(IDOK, innerResult);
+}
+
 TEST(CDialogTest, EndedInItsStart_NeverShownAndResultKept)
 {
     ControlsDialog dialog(nullptr, IDD_PLAIN);
