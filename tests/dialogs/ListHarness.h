@@ -99,6 +99,8 @@ class ListTest : public testing::Test
     void Click(POINT point, UINT message = WM_LBUTTONDOWN);
     void PassMinute();
 
+    /// Whether the collection has a worker for Outlook.
+    bool m_mirrors = false;
     FixedClock m_clock{Noon()};
     ReminderStore m_store;
     ListParent m_parent;
