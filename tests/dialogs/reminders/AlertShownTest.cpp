@@ -4,12 +4,14 @@
 #include "tests/dialogs/reminders/AlertHarness.h"
 #include "tests/platform/ImportPatch.h"
 
+#include <algorithm>
 #include <mmsystem.h>
 
 extern "C"
 {
     extern decltype(&FlashWindowEx) __imp_FlashWindowEx;
     extern decltype(&GetProcAddress) __imp_GetProcAddress;
+    extern decltype(&SetForegroundWindow) __imp_SetForegroundWindow;
 }
 
 namespace
@@ -46,6 +48,14 @@ FARPROC WINAPI FindNoteSound(HMODULE library, const char* name)
 {
     return std::string(name) == "PlaySoundW" ? std::bit_cast<FARPROC>(&NoteSound)
                                              : g_getProcAddress(library, name);
+}
+
+std::vector<HWND> g_broughtToFront;
+
+BOOL WINAPI NoteForeground(HWND window)
+{
+    g_broughtToFront.push_back(window);
+    return TRUE;
 }
 
 class AlertShownTest : public AlertTest
@@ -87,6 +97,14 @@ TEST_F(AlertShownTest, AlertInTheForeground_DoesNotFlash)
     g_flashes.clear();
     Tell();
     EXPECT_TRUE(g_flashes.empty());
+}
+
+TEST_F(AlertShownTest, AlertThatOpens_AsksForTheForegroundItself)
+{
+    g_broughtToFront.clear();
+    const ImportPatch<decltype(&SetForegroundWindow)> patch(&__imp_SetForegroundWindow, NoteForeground);
+    Open();
+    EXPECT_EQ(1, std::ranges::count(g_broughtToFront, Dialog()));
 }
 
 TEST_F(AlertShownTest, WantedSound_IsThatOfNewMailOrNone)
