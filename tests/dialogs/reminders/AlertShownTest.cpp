@@ -107,6 +107,29 @@ TEST_F(AlertShownTest, AlertThatOpens_AsksForTheForegroundItself)
     EXPECT_EQ(1, std::ranges::count(g_broughtToFront, Dialog()));
 }
 
+TEST_F(AlertShownTest, AlertThatWasCancelled_CanBeCancelledAgain)
+{
+    Load();
+    m_alert = std::make_unique<CcvMfcReminderAlertDialog>(m_manager.get(), nullptr);
+    for (const wchar_t* const subject : {L"first", L"second"})
+    {
+        const int number = m_store.Add(subject, Noon());
+        m_manager->UpdateReminderCollection();
+        const WhenShown shown(L"#32770",
+                              [this, number](HWND)
+                              {
+                                  Command(IDCANCEL);
+                                  if (!m_store.Load(number)->IsDimissed())
+                                  {
+                                      // Or the test would never end.
+                                      Command(IDOK);
+                                  }
+                              });
+        EXPECT_EQ(IDCANCEL, m_alert->DoModal());
+        EXPECT_TRUE(m_store.Load(number)->IsDimissed());
+    }
+}
+
 TEST_F(AlertShownTest, WantedSound_IsThatOfNewMailOrNone)
 {
     const ImportPatch<decltype(&GetProcAddress)> patch(&__imp_GetProcAddress, FindNoteSound);
