@@ -74,9 +74,10 @@ TEST(ExchangedValueTest, NumberAtEachLimit_IsTaken)
 TEST(ExchangedValueTest, UnknownStateOfACheckBox_IsShownAsChecked)
 {
     OpenDialog dialog;
-    // A box of two states knows the third one all the same when it is told.
+    ::SendMessageW(dialog.Control(IDC_CHECK), BM_SETSTYLE, BS_AUTO3STATE, FALSE);
     for (const auto& [state, shown] : {std::pair(BST_UNCHECKED, BST_UNCHECKED),
                                        {BST_CHECKED, BST_CHECKED},
+                                       {BST_INDETERMINATE, BST_INDETERMINATE},
                                        {5, BST_CHECKED},
                                        {-1, BST_CHECKED}})
     {

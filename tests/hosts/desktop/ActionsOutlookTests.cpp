@@ -129,6 +129,25 @@ TEST_F(ActionsOutlookTest, Edit_ChangesTheAppointmentIfTheUserWantsIt)
     }
 }
 
+TEST_F(ActionsOutlookTest, AppointmentThatIsNamedWhileEditing_IsKept)
+{
+    const CcvReminderData reminder = AddMirrored();
+    const WhenShown entry(L"#32770",
+                          [&](HWND window)
+                          {
+                              CcvReminderDataCollectionManager elsewhere(false);
+                              CcvReminderData named = *elsewhere.GetReminderByIndex(0);
+                              named.SetOutlookEntryId(L"entry");
+                              elsewhere.ModifyReminder(&named, false);
+                              SetOption(false);
+                              Enter(window, L"after");
+                          });
+    m_actions.Edit(ts::desktop::ReminderIdentity(reminder));
+    Finish();
+    EXPECT_STREQ(L"after", m_manager->GetReminderByIndex(0)->GetSubject());
+    EXPECT_STREQ(L"entry", m_manager->GetReminderByIndex(0)->GetOutlookEntryId());
+}
+
 TEST_F(ActionsOutlookTest, Delete_DeletesTheAppointmentIfTheUserWantsIt)
 {
     for (const bool mirrors : {false, true})
