@@ -65,8 +65,10 @@ TEST(ExchangedValueTest, NumberAtEachLimit_IsTaken)
     OpenDialog dialog;
     for (const int limit : {std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
     {
+        const MessageBoxAnswer refusal(IDOK);
         dialog.SetDlgItemText(IDC_NUMBER, std::to_wstring(limit).c_str());
         EXPECT_NE(FALSE, dialog.UpdateData());
+        EXPECT_FALSE(refusal.WasShown());
         EXPECT_EQ(limit, dialog.m_number);
     }
 }
