@@ -155,6 +155,43 @@ TEST(ExchangedValueTest, ExchangeInsideAnother_LeavesHandlersQuietUntilTheOuterO
     EXPECT_EQ(L"text ", dialog.m_log);
 }
 
+TEST(ExchangedValueTest, RefusedWhileItIsShown_LeavesTheFocus)
+{
+    OpenDialog dialog;
+    dialog.m_validate = [](CDataExchange& exchange)
+    {
+        exchange.PrepareEditCtrl(IDC_TEXT);
+        exchange.Fail();
+    };
+    SetFocus(dialog.Control(IDC_PUSH));
+    EXPECT_EQ(FALSE, dialog.UpdateData(FALSE));
+    EXPECT_EQ(dialog.Control(IDC_PUSH), GetFocus()) << "it is not the user who is wrong";
+}
+
+TEST(DatePickerTest, NoDateChosen_EndsTheExchange)
+{
+    constexpr int kPicker = 2000;
+    OpenDialog dialog;
+    const HWND picker =
+        CreateWindowExW(0, DATETIMEPICK_CLASSW, L"", WS_CHILD | DTS_SHOWNONE, 0, 0, 90, 20, dialog.m_hWnd,
+                        std::bit_cast<HMENU>(UINT_PTR{kPicker}), nullptr, nullptr);
+    CTime value = kDay;
+    bool isReached = false;
+    dialog.m_validate = [&](CDataExchange& exchange)
+    {
+        isReached = false;
+        DDX_DateTimeCtrl(&exchange, kPicker, value);
+        isReached = true;
+    };
+    EXPECT_NE(FALSE, dialog.UpdateData(FALSE));
+    EXPECT_NE(FALSE, dialog.UpdateData());
+    SYSTEMTIME none{};
+    ASSERT_NE(0, ::SendMessageW(picker, DTM_SETSYSTEMTIME, GDT_NONE, std::bit_cast<LPARAM>(&none)));
+    EXPECT_EQ(FALSE, dialog.UpdateData());
+    EXPECT_FALSE(isReached);
+    EXPECT_EQ(kDay, value);
+}
+
 TEST(DatePickerTest, NoDateChosen_IsNone)
 {
     OpenDialog dialog;

@@ -108,6 +108,14 @@ TEST(CurrentMessageTest, MessageInsideAnother_IsForgottenAtItsEnd)
     EXPECT_EQ(kOuter, after);
 }
 
+TEST(CurrentMessageTest, NotificationOfNothing_IsNobodys)
+{
+    ActingWindow window;
+    ASSERT_NE(FALSE, window.Open());
+    EXPECT_EQ(0, window.SendMessage(WM_NOTIFY, 6, 0)) << "any program can send it";
+    EXPECT_EQ(0, window.SendMessage(WM_DRAWITEM, 6, 0));
+}
+
 TEST(WindowMapsTest, Lookup_KeepsTheLastError)
 {
     const HWND window = MakePlainWindow();

@@ -147,6 +147,18 @@ TEST_F(MainWindowDetailsTest, AnotherFontOfTheSystem_ArrangesTheWindowAnew)
     EXPECT_NE(FALSE, EqualRect(&place, &arranged));
 }
 
+TEST_F(MainWindowDetailsTest, HintOnTheList_HasTheListsColours)
+{
+    Open();
+    const HDC dc = GetDC(Item(IDC_EMPTY_HINT));
+    const LRESULT brush = m_window.SendMessage(WM_CTLCOLORSTATIC, std::bit_cast<WPARAM>(dc),
+                                               std::bit_cast<LPARAM>(Item(IDC_EMPTY_HINT)));
+    EXPECT_EQ(GetSysColorBrush(COLOR_WINDOW), std::bit_cast<HBRUSH>(brush));
+    EXPECT_EQ(GetSysColor(COLOR_WINDOW), GetBkColor(dc));
+    EXPECT_EQ(GetSysColor(COLOR_GRAYTEXT), GetTextColor(dc));
+    ReleaseDC(Item(IDC_EMPTY_HINT), dc);
+}
+
 TEST_F(MainWindowDetailsTest, RowsShownAnew_StayWhereTheUserScrolled)
 {
     constexpr int kRows = 100;
