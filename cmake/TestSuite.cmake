@@ -2,7 +2,8 @@
 # objects of the libraries, and registers each with CTest:
 #   NAME        the sources and the library's objects as they are
 #   NAME_guard  the same objects over a heap that ends each allocation at an inaccessible page
-#   NAME_ubsan  the library's sources compiled with traps on undefined behaviour
+#   NAME_ubsan  the library's sources compiled with traps on undefined behaviour, and with containers that check
+#               their indices
 
 function(ts_add_library_with_traps)
   list(TRANSFORM TS_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/ OUTPUT_VARIABLE sources)
@@ -10,6 +11,8 @@ function(ts_add_library_with_traps)
   ts_library_options(ts_objects_ubsan)
   target_compile_options(ts_objects_ubsan PRIVATE
     -fsanitize=undefined -fsanitize-undefined-trap-on-error -fno-sanitize=vptr)
+  # The traps take an index one behind the last for a container's end, which may be named but not written to.
+  target_compile_definitions(ts_objects_ubsan PRIVATE _GLIBCXX_ASSERTIONS)
   # Only here: ts_objects, the same sources without it, shows that each includes what it needs.
   target_precompile_headers(ts_objects_ubsan PRIVATE ${PROJECT_SOURCE_DIR}/platform/WindowsHeaders.h)
 endfunction()

@@ -127,7 +127,7 @@ ListTest::~ListTest()
 void ListTest::Open(unsigned columns, int width, int height)
 {
     m_list.reset();
-    m_manager = std::make_unique<CcvReminderDataCollectionManager>(false);
+    m_manager = std::make_unique<CcvReminderDataCollectionManager>(m_mirrors);
     m_list = std::make_unique<CcvMfcRemindersListControl>(m_manager.get());
     constexpr DWORD kStyle =
         WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDRAWFIXED | LVS_SINGLESEL | LVS_SHOWSELALWAYS;

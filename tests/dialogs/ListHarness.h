@@ -104,6 +104,8 @@ class ListTest : public testing::Test
     /// Image and data.
     [[nodiscard]] LVITEMW Item(int row);
 
+    /// Whether the collection has a worker for Outlook.
+    bool m_mirrors = false;
     FixedClock m_clock{Noon()};
     ReminderStore m_store;
     ListParent m_parent;

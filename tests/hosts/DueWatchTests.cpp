@@ -81,6 +81,26 @@ TEST_F(DueWatchTest, Several_ComeInTheOrderOfTheirDueTimes)
     EXPECT_EQ((Keys{"b", "a"}), Look(100));
 }
 
+TEST_F(DueWatchTest, SeveralOfOneTime_ComeInTheOrderOfTheirKeys)
+{
+    Add(L"b", 100);
+    Add(L"c", 100);
+    Add(L"a", 100);
+    EXPECT_EQ((Keys{"a", "b", "c"}), Look(100));
+}
+
+TEST_F(DueWatchTest, SnoozedBetweenTwoLooks_IsToldAgain)
+{
+    CcvReminderData& reminder = Add(L"a", 100);
+    EXPECT_EQ(Keys{"a"}, Look(100));
+    for (const std::int64_t end : {200, 400})
+    {
+        reminder.SetSnoozeTime(At(end) - CTime::GetCurrentTime());
+        EXPECT_EQ(Keys{"a"}, Look(end + 100)) << "nobody looked while it was asleep";
+        EXPECT_EQ(Keys{}, Look(end + 101));
+    }
+}
+
 TEST_F(DueWatchTest, Recurring_IsToldForEachOccurrence)
 {
     MakeDaily(Add(L"a", 100));

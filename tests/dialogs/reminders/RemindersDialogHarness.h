@@ -23,7 +23,7 @@ class RemindersDialogTest : public testing::Test
     /// The dialog's window, null when it has none.
     [[nodiscard]] virtual HWND Dialog() const = 0;
 
-    void Load() { m_manager = std::make_unique<CcvReminderDataCollectionManager>(false); }
+    void Load() { m_manager = std::make_unique<CcvReminderDataCollectionManager>(m_mirrors); }
 
     [[nodiscard]] HWND Item(int id) const { return GetDlgItem(Dialog(), id); }
     [[nodiscard]] bool IsEnabled(int id) const { return IsWindowEnabled(Item(id)) != FALSE; }
@@ -45,6 +45,8 @@ class RemindersDialogTest : public testing::Test
     int AddDamagedAndSnoozed();
     [[nodiscard]] CTime NextDue(int number) const { return m_store.Load(number)->GetNextDueDate(); }
 
+    /// Whether the collection has a worker for Outlook.
+    bool m_mirrors = false;
     FixedClock m_clock{Noon()};
     ReminderStore m_store;
     std::unique_ptr<CcvReminderDataCollectionManager> m_manager;
@@ -64,6 +66,7 @@ class FacadeOfRemindersTest : public RemindersDialogTest
     /// Loads the reminders and shows the dialog.
     void Open()
     {
+        m_dialog.reset();
         Load();
         m_dialog = std::make_unique<Facade>(m_manager.get(), nullptr);
         ASSERT_NE(FALSE, m_dialog->Create(Facade::kTemplate, nullptr));

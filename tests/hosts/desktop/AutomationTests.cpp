@@ -125,6 +125,23 @@ TEST_F(AutomationTest, WrongCalls_AreRefusedAndDoNothing)
     EXPECT_EQ(0, m_target.quits);
 }
 
+TEST_F(AutomationTest, ArgumentThatIsNoTruth_IsNamed)
+{
+    const ApplicationClass offered(m_target);
+    const DispatchPtr object = Activate();
+    VARIANT argument{};
+    argument.vt = VT_BSTR;
+    argument.bstrVal = SysAllocString(L"neither yes nor no");
+    DISPID named = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters = {&argument, &named, 1, 1};
+    UINT wrong = 99;
+    EXPECT_EQ(DISP_E_TYPEMISMATCH,
+              object->Invoke(Find(*object, L"Visible"), IID_NULL, 0, DISPATCH_PROPERTYPUT, &parameters,
+                             nullptr, nullptr, &wrong));
+    EXPECT_EQ(0U, wrong);
+    VariantClear(&argument);
+}
+
 TEST_F(AutomationTest, Quit_ReachesTheApplication)
 {
     const ApplicationClass offered(m_target);

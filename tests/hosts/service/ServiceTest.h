@@ -13,7 +13,7 @@ namespace ts::test
 class ServiceTest : public RemindersDialogTest
 {
   protected:
-    ServiceTest() { RawKey(kSettingsPath).Write(L"SynchronizeOutlookAppointments", RawDword(0)); }
+    ServiceTest() { RawKey(kSettingsPath).Write(L"SynchronizeOutlookAppoints", RawDword(0)); }
     ~ServiceTest() override { m_service.reset(); }
 
     [[nodiscard]] HWND Dialog() const override

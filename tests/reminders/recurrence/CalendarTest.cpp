@@ -3,7 +3,9 @@
 #include "tests/support/TextOutput.h"
 
 #include <cstdlib>
+#include <ctime>
 #include <gtest/gtest.h>
+#include <string>
 #include <vector>
 
 namespace
@@ -144,10 +146,11 @@ TEST(GetDayOfMonthTest, AnotherZoneMeanwhile_IsFollowed)
         }
     };
     ASSERT_NO_FATAL_FAILURE(expectSameDays());
-    // One in which the clocks do not change at midnight, and back.
-    for (const char* zone : {"TZ=AAA3BBB", "TZ="})
+    // Those in which the clocks do not change at midnight, one of them as far from UTC as this one, and back.
+    const std::string asFar = "TZ=AAA" + std::to_string(_timezone / 3600) + "BBB";
+    for (const std::string& zone : {std::string("TZ=AAA3BBB"), std::string("TZ="), asFar, std::string("TZ=")})
     {
-        _putenv(zone);
+        _putenv(zone.c_str());
         _tzset();
         EXPECT_NO_FATAL_FAILURE(expectSameDays()) << zone;
     }

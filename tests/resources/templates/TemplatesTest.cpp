@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <bit>
 #include <commctrl.h>
+#include <cstddef>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <map>
 #include <optional>
@@ -222,6 +224,18 @@ Inventory InventoryOf(const TemplateWindow& dialog)
     return inventory;
 }
 
+/// As it stands in the template: the system adds styles to the windows that it makes.
+DWORD ExtendedStyleOf(const Language& language, UINT id)
+{
+    constexpr std::size_t kOffset = 8;
+    const auto module = OpenLanguageModule(language);
+    const HRSRC found = FindResourceW(module.get(), MAKEINTRESOURCEW(id), RT_DIALOG);
+    const void* const bytes = LockResource(LoadResource(module.get(), found));
+    DWORD style = 0;
+    std::memcpy(&style, static_cast<const std::byte*>(bytes) + kOffset, sizeof style);
+    return style;
+}
+
 } // namespace
 
 TEST(Templates, Languages_HaveTheSameTemplatesAndControls)
@@ -273,6 +287,19 @@ TEST(Templates, Numbers_AreNotGivenTwice)
             {
                 EXPECT_EQ(1u, inventory.count(id)) << dialog.Name() << "control " << id;
             }
+        });
+}
+
+TEST(Templates, Panes_LetTheTabKeyIntoThem)
+{
+    constexpr UINT kPanes[] = {IDD_RECURRENCE_DAILY, IDD_RECURRENCE_WEEKLY, IDD_RECURRENCE_MONTHLY,
+                               IDD_RECURRENCE_YEARLY};
+    ForEachTemplate(
+        [&](const TemplateWindow& dialog, const Language& language, UINT id)
+        {
+            const bool isPane = std::ranges::find(kPanes, id) != std::end(kPanes);
+            EXPECT_EQ(isPane ? DWORD{WS_EX_CONTROLPARENT} : 0, ExtendedStyleOf(language, id))
+                << dialog.Name();
         });
 }
 
