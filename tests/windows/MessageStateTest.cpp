@@ -6,8 +6,11 @@
 #include "tests/support/WindowDriver.h"
 #include "tests/windows/ControlsDialog.h"
 
+#include <bit>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
+#include <stdexcept>
 
 extern "C"
 {
@@ -52,6 +55,48 @@ class ActingWindow : public CWnd
 BEGIN_MESSAGE_MAP(ActingWindow, CWnd)
 ON_MESSAGE(kOuter, OnOuter)
 ON_WM_CREATE()
+END_MESSAGE_MAP()
+
+/// A control that answers a notification that it sent itself.
+class AnsweringControl : public CWnd
+{
+  protected:
+    void OnClick(NMHDR*, LRESULT* result) { *result = 77; }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(AnsweringControl, CWnd)
+ON_NOTIFY_REFLECT(NM_CLICK, OnClick)
+END_MESSAGE_MAP()
+
+/// A window that goes with its object when it is told, and fails then.
+class LeavingWindow : public CWnd
+{
+  public:
+    static HWND Open()
+    {
+        auto window = std::make_unique<LeavingWindow>();
+        EXPECT_NE(FALSE, window->CreateEx(0, L"STATIC", L"", WS_POPUP, CRect(0, 0, 9, 9), nullptr, 0));
+        const HWND handle = window->m_hWnd;
+        window->m_self = std::move(window);
+        return handle;
+    }
+
+  protected:
+    LRESULT OnOuter(WPARAM, LPARAM)
+    {
+        const std::unique_ptr<LeavingWindow> self = std::move(m_self);
+        self->DestroyWindow();
+        throw std::runtime_error("fails without an object");
+    }
+    DECLARE_MESSAGE_MAP()
+
+  private:
+    std::unique_ptr<LeavingWindow> m_self;
+};
+
+BEGIN_MESSAGE_MAP(LeavingWindow, CWnd)
+ON_MESSAGE(kOuter, OnOuter)
 END_MESSAGE_MAP()
 
 HWND MakePlainWindow(const wchar_t* windowClass = L"STATIC")
@@ -114,6 +159,23 @@ TEST(CurrentMessageTest, NotificationOfNothing_IsNobodys)
     ASSERT_NE(FALSE, window.Open());
     EXPECT_EQ(0, window.SendMessage(WM_NOTIFY, 6, 0)) << "any program can send it";
     EXPECT_EQ(0, window.SendMessage(WM_DRAWITEM, 6, 0));
+}
+
+TEST(CurrentMessageTest, AnswerOfTheControlItself_IsTheNotifications)
+{
+    ActingWindow window;
+    ASSERT_NE(FALSE, window.Open());
+    AnsweringControl control;
+    ASSERT_NE(FALSE, control.CreateEx(0, L"STATIC", L"", WS_CHILD, CRect(0, 0, 5, 5), &window, 6));
+    const NMHDR notification = {control.m_hWnd, 6, static_cast<UINT>(NM_CLICK)};
+    EXPECT_EQ(77, window.SendMessage(WM_NOTIFY, 6, std::bit_cast<LPARAM>(&notification)));
+}
+
+TEST(CurrentMessageTest, HandlerThatFailsWithoutItsObject_DoesNoHarm)
+{
+    const HWND window = LeavingWindow::Open();
+    EXPECT_EQ(0, ::SendMessageW(window, kOuter, 0, 0));
+    EXPECT_EQ(FALSE, IsWindow(window));
 }
 
 TEST(WindowMapsTest, Lookup_KeepsTheLastError)

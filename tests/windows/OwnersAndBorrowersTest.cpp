@@ -211,3 +211,80 @@ TEST(BorrowedWindowTest, AttachedWhereAnotherObjectLeft_ProcedureStays)
     SetWindowLongPtrW(window, GWLP_WNDPROC, own);
     DestroyWindow(window);
 }
+
+TEST(BorrowedWindowTest, AttachedOnly_IsLetGoWhenItIsDestroyed)
+{
+    CWnd object;
+    ASSERT_NE(FALSE, object.Attach(MakePlainWindow()));
+    EXPECT_NE(FALSE, object.DestroyWindow());
+    EXPECT_EQ(nullptr, object.m_hWnd);
+}
+
+TEST(BorrowedWindowTest, SomebodyElsesProcedureOverOurs_StaysInPlace)
+{
+    const HWND window = MakePlainWindow();
+    CWnd object;
+    ASSERT_NE(FALSE, object.SubclassWindow(window));
+    const auto theirs = std::bit_cast<LONG_PTR>(&::DefWindowProcW);
+    SetWindowLongPtrW(window, GWLP_WNDPROC, theirs);
+    const LONG_PTR set = GetWindowLongPtrW(window, GWLP_WNDPROC);
+    EXPECT_EQ(window, object.UnsubclassWindow());
+    EXPECT_EQ(set, GetWindowLongPtrW(window, GWLP_WNDPROC));
+    DestroyWindow(window);
+}
+
+TEST(CenterWindowTest, OwnerAtTheEdge_WindowStaysOnTheScreen)
+{
+    const CRect area = WorkArea();
+    Frame owner(CRect(area.right - 60, area.bottom - 40, area.right, area.bottom));
+    owner.ShowWindow(SW_SHOW);
+    Frame window(CRect(0, 0, 300, 200), &owner);
+    window.CenterWindow();
+    CRect place;
+    window.GetWindowRect(place);
+    EXPECT_EQ(area.BottomRight(), place.BottomRight());
+}
+
+TEST(ModalDialogTest, DialogThatIsOpen_IsNotOpenedAgain)
+{
+    BareDialog dialog(WS_POPUP | WS_CAPTION);
+    DLGTEMPLATE plain{};
+    plain.style = WS_POPUP;
+    // The template's texts are empty, and lie behind it.
+    struct
+    {
+        DLGTEMPLATE head{};
+        WORD texts[3]{};
+    } description;
+    description.head = plain;
+    ASSERT_NE(FALSE, dialog.CreateIndirect(&description.head));
+    const HWND window = dialog.m_hWnd;
+    const std::size_t windows = WindowCount();
+    EXPECT_EQ(FALSE, dialog.CreateIndirect(&description.head));
+    EXPECT_EQ(-1, dialog.DoModal());
+    EXPECT_EQ(window, dialog.m_hWnd);
+    EXPECT_EQ(windows, WindowCount());
+}
+
+TEST(ModifyStyleTest, NewFrame_IsAskedForWhereItIsWanted)
+{
+    /// Notes how its place and frame are changed.
+    class NotedFrame : public Frame
+    {
+      public:
+        UINT m_flags = 0;
+
+      protected:
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+        {
+            if (message == WM_WINDOWPOSCHANGING)
+            {
+                m_flags |= std::bit_cast<const WINDOWPOS*>(lParam)->flags;
+            }
+            return Frame::WindowProc(message, wParam, lParam);
+        }
+    };
+    NotedFrame frame;
+    EXPECT_NE(FALSE, frame.ModifyStyle(0, WS_THICKFRAME, SWP_FRAMECHANGED));
+    EXPECT_NE(0U, frame.m_flags & SWP_FRAMECHANGED);
+}
