@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <commctrl.h>
 #include <map>
 #include <string_view>
 
@@ -102,6 +103,23 @@ void PrintTo(const Picture& picture, std::ostream* out)
         }
         *out << '\n';
     }
+}
+
+Picture DrawnRow(HWND list, int row)
+{
+    RECT bounds{};
+    ListView_GetItemRect(list, row, &bounds, LVIR_BOUNDS);
+    Picture picture(bounds.right, bounds.bottom);
+    DRAWITEMSTRUCT item{};
+    item.CtlType = ODT_LISTVIEW;
+    item.CtlID = static_cast<UINT>(GetDlgCtrlID(list));
+    item.itemID = static_cast<UINT>(row);
+    item.itemAction = ODA_DRAWENTIRE;
+    item.hwndItem = list;
+    item.hDC = picture.Dc();
+    item.rcItem = bounds;
+    SendMessageW(GetParent(list), WM_DRAWITEM, item.CtlID, std::bit_cast<LPARAM>(&item));
+    return picture.Cut(bounds);
 }
 
 } // namespace ts::test

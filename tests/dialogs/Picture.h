@@ -54,4 +54,7 @@ class Picture
     std::unique_ptr<std::remove_pointer_t<HDC>, DcDeleter> m_dc;
 };
 
+/// What a list view's owner draws when it is asked for a row, cut to the row.
+[[nodiscard]] Picture DrawnRow(HWND list, int row);
+
 } // namespace ts::test

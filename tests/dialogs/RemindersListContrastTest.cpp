@@ -33,23 +33,6 @@ class PlainButtons
 class ListContrastTest : public ListTest
 {
   protected:
-    /// What the list draws when it is asked for a row.
-    Picture Drawn(int row)
-    {
-        CRect bounds;
-        List().GetItemRect(row, &bounds, LVIR_BOUNDS);
-        Picture picture(bounds.right, bounds.bottom);
-        DRAWITEMSTRUCT item{};
-        item.CtlType = ODT_LISTVIEW;
-        item.CtlID = static_cast<UINT>(List().GetDlgCtrlID());
-        item.itemID = static_cast<UINT>(row);
-        item.itemAction = ODA_DRAWENTIRE;
-        item.hwndItem = List().m_hWnd;
-        item.hDC = picture.Dc();
-        item.rcItem = bounds;
-        m_parent.SendMessage(WM_DRAWITEM, item.CtlID, std::bit_cast<LPARAM>(&item));
-        return picture.Cut(bounds);
-    }
     /// How many pixels on the row's border have the colour of text.
     static int FrameOf(const Picture& picture)
     {
@@ -80,23 +63,23 @@ TEST_F(ListContrastTest, SelectedRowWithoutFocus_IsFramedWhereItsColourSaysNothi
 {
     const PlainButtons plain;
     ShowTwo(false);
-    const Picture selected = Drawn(0);
+    const Picture selected = DrawnRow(List().m_hWnd, 0);
     EXPECT_EQ(Border(selected), FrameOf(selected));
-    EXPECT_EQ(0, FrameOf(Drawn(1)));
+    EXPECT_EQ(0, FrameOf(DrawnRow(List().m_hWnd, 1)));
 }
 
 TEST_F(ListContrastTest, SelectedRowWithFocus_NeedsNoFrame)
 {
     const PlainButtons plain;
     ShowTwo(true);
-    EXPECT_EQ(0, FrameOf(Drawn(0)));
+    EXPECT_EQ(0, FrameOf(DrawnRow(List().m_hWnd, 0)));
 }
 
 TEST_F(ListContrastTest, SelectedRowWithoutFocus_NeedsNoFrameInTheUsualColours)
 {
     ShowTwo(false);
     ASSERT_NE(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_BTNFACE));
-    EXPECT_EQ(0, FrameOf(Drawn(0)));
+    EXPECT_EQ(0, FrameOf(DrawnRow(List().m_hWnd, 0)));
 }
 
 } // namespace

@@ -30,23 +30,6 @@ class ListDrawingTest : public ListTest
         return bounds;
     }
 
-    /// What the list draws when it is asked for a row.
-    Picture Drawn(int row)
-    {
-        const CRect bounds = Bounds(row);
-        Picture picture(bounds.right, bounds.bottom);
-        DRAWITEMSTRUCT item{};
-        item.CtlType = ODT_LISTVIEW;
-        item.CtlID = static_cast<UINT>(List().GetDlgCtrlID());
-        item.itemID = static_cast<UINT>(row);
-        item.itemAction = ODA_DRAWENTIRE;
-        item.hwndItem = List().m_hWnd;
-        item.hDC = picture.Dc();
-        item.rcItem = bounds;
-        m_parent.SendMessage(WM_DRAWITEM, item.CtlID, std::bit_cast<LPARAM>(&item));
-        return picture.Cut(bounds);
-    }
-
     /// The same row as it should be.
     class Expected
     {
@@ -150,7 +133,7 @@ TEST_F(ListDrawingTest, Row_IsDrawnInItsColoursByStateAndFocus)
                       .Text(2, L"Map")
                       .Text(3, DueIn(0))
                       .Done(),
-                  Drawn(0))
+                  DrawnRow(List().m_hWnd, 0))
             << row.name;
     }
 }
@@ -160,7 +143,7 @@ TEST_F(ListDrawingTest, Image_LeavesItsSurroundingsAsTheyAre)
     AddRecurring(L"", Noon() + CTimeSpan(kSecondsPerHour));
     Show();
     List().SetFocus();
-    const Picture picture = Drawn(0);
+    const Picture picture = DrawnRow(List().m_hWnd, 0);
     EXPECT_EQ(GetSysColor(COLOR_HIGHLIGHT), picture.At(0, 0));
     EXPECT_EQ(0, picture.Count(RGB(0, 128, 128)));
     EXPECT_GT(picture.Count(RGB(255, 255, 255)), 30) << "the variant for selected rows is white";
@@ -177,7 +160,7 @@ TEST_F(ListDrawingTest, ReminderWithoutRecurrence_HasNoImage)
                   .Text(2, L"Map")
                   .Text(3, DueIn(0))
                   .Done(),
-              Drawn(0));
+              DrawnRow(List().m_hWnd, 0));
 }
 
 TEST_F(ListDrawingTest, ActiveReminders_AreBold)
@@ -209,7 +192,7 @@ TEST_F(ListDrawingTest, ActiveReminders_AreBold)
                       .Text(1, L"Call", row.bold)
                       .Text(3, DueIn(0), row.bold)
                       .Done(),
-                  Drawn(0))
+                  DrawnRow(List().m_hWnd, 0))
             << row.name;
         m_store.Remove(number);
     }
@@ -230,7 +213,7 @@ TEST_F(ListDrawingTest, WhatTheTimerAdds_IsBoldWhenActive)
                   .Text(1, L"Call", true)
                   .Text(3, DueIn(0), true)
                   .Done(),
-              Drawn(0));
+              DrawnRow(List().m_hWnd, 0));
 }
 
 TEST_F(ListDrawingTest, DamagedReminder_IsNotBold)
@@ -245,7 +228,7 @@ TEST_F(ListDrawingTest, DamagedReminder_IsNotBold)
                   .Image(IDB_RECURRENCE)
                   .Text(1, L"Damaged")
                   .Done(),
-              Drawn(0));
+              DrawnRow(List().m_hWnd, 0));
 }
 
 TEST_F(ListDrawingTest, ColumnFormats_AlignTheTexts)
@@ -266,7 +249,7 @@ TEST_F(ListDrawingTest, ColumnFormats_AlignTheTexts)
                       .Text(2, L"Map", false, static_cast<UINT>(alignment))
                       .Text(3, DueIn(0))
                       .Done(),
-                  Drawn(0))
+                  DrawnRow(List().m_hWnd, 0))
             << format;
     }
 }
@@ -277,7 +260,7 @@ TEST_F(ListDrawingTest, LongText_EndsInAnEllipsisInsideItsCell)
     m_store.Add(longText.c_str(), Noon() + CTimeSpan(kSecondsPerHour), L"");
     Show();
     List().SelectRow(-1);
-    const Picture whole = Drawn(0);
+    const Picture whole = DrawnRow(List().m_hWnd, 0);
     EXPECT_EQ(Expected(*this, 0)
                   .Fill(COLOR_WINDOW, COLOR_WINDOWTEXT)
                   .Text(1, longText.c_str())
@@ -301,7 +284,7 @@ TEST_F(ListDrawingTest, Ampersand_IsDrawnAsItIs)
                   .Text(2, L"&Map")
                   .Text(3, DueIn(0))
                   .Done(),
-              Drawn(0));
+              DrawnRow(List().m_hWnd, 0));
 }
 
 TEST_F(ListDrawingTest, ColumnsInAnotherOrder_AreDrawnInThatOrder)
@@ -317,7 +300,7 @@ TEST_F(ListDrawingTest, ColumnsInAnotherOrder_AreDrawnInThatOrder)
                   .Text(2, L"Map")
                   .Text(1, L"Call")
                   .Done(),
-              Drawn(0));
+              DrawnRow(List().m_hWnd, 0));
 }
 
 TEST_F(ListDrawingTest, DrawnDeviceContext_IsRestored)
@@ -364,7 +347,7 @@ TEST_F(ListDrawingTest, Window_ShowsWhatIsDrawn)
     BitBlt(picture.Dc(), 0, 0, client.right, client.bottom, window, 0, 0, SRCCOPY);
     ReleaseDC(List().m_hWnd, window);
     CRect bounds = Bounds(0);
-    Picture drawn = Drawn(0);
+    Picture drawn = DrawnRow(List().m_hWnd, 0);
     EXPECT_EQ(drawn, picture.Cut(bounds));
 }
 

@@ -144,6 +144,38 @@ std::wstring ts::test::ClassOf(HWND window)
     return name;
 }
 
+std::vector<COLORREF> ts::test::PixelsOf(HWND window)
+{
+    UpdateWindow(window);
+    PumpMessages();
+    RECT client{};
+    GetClientRect(window, &client);
+    const HDC screen = GetDC(window);
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < client.bottom; ++y)
+    {
+        for (int x = 0; x < client.right; ++x)
+        {
+            pixels.push_back(GetPixel(screen, x, y));
+        }
+    }
+    ReleaseDC(window, screen);
+    return pixels;
+}
+
+SIZE ts::test::SizeOf(HICON icon)
+{
+    ICONINFO info{};
+    GetIconInfo(icon, &info);
+    BITMAP mask{};
+    GetObjectW(info.hbmMask, sizeof mask, &mask);
+    DeleteObject(info.hbmMask);
+    // Without colours the mask holds two pictures, one above the other.
+    const bool isColoured = info.hbmColor != nullptr;
+    DeleteObject(info.hbmColor);
+    return {mask.bmWidth, isColoured ? mask.bmHeight : mask.bmHeight / 2};
+}
+
 std::size_t ts::test::GdiObjectCount()
 {
     std::size_t count = 0;

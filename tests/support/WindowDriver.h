@@ -46,6 +46,10 @@ void Click(HWND window, int x, int y);
 [[nodiscard]] std::wstring TextOf(HWND window);
 [[nodiscard]] std::wstring ClassOf(HWND window);
 
+/// The pixels of a window's client area as they are on the screen, row by row.
+[[nodiscard]] std::vector<COLORREF> PixelsOf(HWND window);
+[[nodiscard]] SIZE SizeOf(HICON icon);
+
 /// Objects that draw, in this process. Wine's own count is always 0.
 [[nodiscard]] std::size_t GdiObjectCount();
 /// Windows of this thread, children included.

@@ -44,18 +44,6 @@ class NotedButton : public CButton
     }
 };
 
-CSize SizeOf(HICON icon)
-{
-    ICONINFO info{};
-    EXPECT_NE(FALSE, GetIconInfo(icon, &info));
-    BITMAP mask{};
-    GetObjectW(info.hbmMask, sizeof mask, &mask);
-    DeleteObject(info.hbmMask);
-    const bool isColoured = info.hbmColor != nullptr;
-    DeleteObject(info.hbmColor);
-    return {mask.bmWidth, isColoured ? mask.bmHeight : mask.bmHeight / 2};
-}
-
 } // namespace
 
 // --- Data exchange ---
@@ -304,8 +292,10 @@ TEST(DrawTextTest, TextThatIsCut_StaysWholeInTheProgram)
 TEST(CommonIconTest, EachSize_IsTheSystems)
 {
     const OpenDialog dialog;
-    EXPECT_EQ(CSize(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)),
-              SizeOf(globalUtils.GetCommonIcon(dialog, IDI_EXCLAMATION, CBCGPGlobalUtils::kSmallIcon)));
-    EXPECT_EQ(CSize(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)),
-              SizeOf(globalUtils.GetCommonIcon(dialog, IDI_EXCLAMATION, CBCGPGlobalUtils::kLargeIcon)));
+    EXPECT_EQ(
+        CSize(GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)),
+        CSize(SizeOf(globalUtils.GetCommonIcon(dialog, IDI_EXCLAMATION, CBCGPGlobalUtils::kSmallIcon))));
+    EXPECT_EQ(
+        CSize(GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)),
+        CSize(SizeOf(globalUtils.GetCommonIcon(dialog, IDI_EXCLAMATION, CBCGPGlobalUtils::kLargeIcon))));
 }

@@ -37,25 +37,6 @@ void CollectHeights(HWND parent, std::vector<int>& heights)
     }
 }
 
-/// The pixels of a window as they are on the screen.
-std::vector<COLORREF> PixelsOf(HWND window)
-{
-    PumpMessages();
-    CRect client;
-    GetClientRect(window, client);
-    const HDC screen = GetDC(window);
-    std::vector<COLORREF> pixels;
-    for (int y = 0; y < client.bottom; ++y)
-    {
-        for (int x = 0; x < client.right; ++x)
-        {
-            pixels.push_back(GetPixel(screen, x, y));
-        }
-    }
-    ReleaseDC(window, screen);
-    return pixels;
-}
-
 } // namespace
 
 TEST_P(AddDialogFieldsTest, ArrowsOfTheTime_StayWhenTheFocusComesAndTheTimeChanges)

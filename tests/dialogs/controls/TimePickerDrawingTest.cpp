@@ -7,31 +7,6 @@
 
 using namespace ts::test;
 
-namespace
-{
-
-/// The pixels of a part of the screen.
-std::vector<COLORREF> PixelsOf(HWND window)
-{
-    UpdateWindow(window);
-    PumpMessages();
-    CRect client;
-    GetClientRect(window, client);
-    const HDC screen = GetDC(window);
-    std::vector<COLORREF> pixels;
-    for (int y = 0; y < client.bottom; ++y)
-    {
-        for (int x = 0; x < client.right; ++x)
-        {
-            pixels.push_back(GetPixel(screen, x, y));
-        }
-    }
-    ReleaseDC(window, screen);
-    return pixels;
-}
-
-} // namespace
-
 TEST(TimePickerDrawingTest, Arrows_StayWhileTheTimeIsSteppedAndTyped)
 {
     PickerHarness window(kGerman);

@@ -23,15 +23,7 @@ class AlertDetailsTest : public AlertTest
     }
     [[nodiscard]] CSize IconSize(WPARAM kind) const
     {
-        const auto icon = std::bit_cast<HICON>(SendMessageW(Dialog(), WM_GETICON, kind, 0));
-        ICONINFO info{};
-        EXPECT_NE(FALSE, GetIconInfo(icon, &info));
-        BITMAP mask{};
-        GetObjectW(info.hbmMask, sizeof mask, &mask);
-        DeleteObject(info.hbmMask);
-        const bool isColoured = info.hbmColor != nullptr;
-        DeleteObject(info.hbmColor);
-        return {mask.bmWidth, isColoured ? mask.bmHeight : mask.bmHeight / 2};
+        return ts::test::SizeOf(std::bit_cast<HICON>(SendMessageW(Dialog(), WM_GETICON, kind, 0)));
     }
 };
 

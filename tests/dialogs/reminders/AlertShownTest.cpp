@@ -2,14 +2,13 @@
 
 #include "dialogs/CcvMfcReminderAlertDialogInternal.h"
 #include "tests/dialogs/reminders/AlertHarness.h"
-#include "tests/platform/ImportPatch.h"
+#include "tests/support/NotedFlashes.h"
 
 #include <algorithm>
 #include <mmsystem.h>
 
 extern "C"
 {
-    extern decltype(&FlashWindowEx) __imp_FlashWindowEx;
     extern decltype(&GetProcAddress) __imp_GetProcAddress;
     extern decltype(&SetForegroundWindow) __imp_SetForegroundWindow;
 }
@@ -18,14 +17,6 @@ namespace
 {
 
 using namespace ts::test;
-
-std::vector<FLASHWINFO> g_flashes;
-
-BOOL WINAPI NoteFlash(FLASHWINFO* flash)
-{
-    g_flashes.push_back(*flash);
-    return FALSE;
-}
 
 struct Sound
 {
@@ -61,14 +52,10 @@ BOOL WINAPI NoteForeground(HWND window)
 class AlertShownTest : public AlertTest
 {
   protected:
-    AlertShownTest()
-    {
-        g_flashes.clear();
-        g_sounds.clear();
-    }
+    AlertShownTest() { g_sounds.clear(); }
     void Tell() const { SendMessageW(Dialog(), WM_REMINDER_ALERT_SHOWN, 0, 0); }
 
-    ImportPatch<decltype(&FlashWindowEx)> m_flash{&__imp_FlashWindowEx, NoteFlash};
+    NotedFlashes m_flashes;
 };
 
 } // namespace
@@ -79,10 +66,11 @@ TEST_F(AlertShownTest, AlertBehindAnotherWindow_FlashesInTheTaskBarOnly)
     const ApplicationWindow other(L"AlertShownTestOther");
     ShowWindow(other.Get(), SW_SHOW);
     SetForegroundWindow(other.Get());
-    g_flashes.clear();
+    NotedFlashes::Take();
     Tell();
-    ASSERT_EQ(1U, g_flashes.size());
-    const FLASHWINFO& flash = g_flashes.front();
+    const std::vector<FLASHWINFO> flashes = NotedFlashes::Take();
+    ASSERT_EQ(1U, flashes.size());
+    const FLASHWINFO& flash = flashes.front();
     EXPECT_EQ(sizeof flash, flash.cbSize);
     EXPECT_EQ(Dialog(), flash.hwnd);
     EXPECT_EQ(DWORD{FLASHW_TRAY | FLASHW_TIMERNOFG}, flash.dwFlags);
@@ -94,9 +82,9 @@ TEST_F(AlertShownTest, AlertInTheForeground_DoesNotFlash)
 {
     Open();
     ASSERT_EQ(Dialog(), GetForegroundWindow());
-    g_flashes.clear();
+    NotedFlashes::Take();
     Tell();
-    EXPECT_TRUE(g_flashes.empty());
+    EXPECT_TRUE(NotedFlashes::Take().empty());
 }
 
 TEST_F(AlertShownTest, AlertThatOpens_AsksForTheForegroundItself)

@@ -1,25 +1,12 @@
 // How the alert makes itself seen where something else has the user's attention.
 
 #include "tests/hosts/service/ServiceTest.h"
-#include "tests/platform/ImportPatch.h"
-
-extern "C"
-{
-    extern decltype(&FlashWindowEx) __imp_FlashWindowEx;
-}
+#include "tests/support/NotedFlashes.h"
 
 namespace
 {
 
 using namespace ts::test;
-
-std::vector<FLASHWINFO> g_flashes;
-
-BOOL WINAPI NoteFlash(FLASHWINFO* flash)
-{
-    g_flashes.push_back(*flash);
-    return FALSE;
-}
 
 class AlertAttentionTest : public ServiceTest
 {
@@ -30,10 +17,10 @@ class AlertAttentionTest : public ServiceTest
         m_store.Add(L"second", At(100));
         Start();
         PumpMessages();
-        g_flashes.clear();
+        NotedFlashes::Take();
     }
 
-    ImportPatch<decltype(&FlashWindowEx)> m_flash{&__imp_FlashWindowEx, NoteFlash};
+    NotedFlashes m_flashes;
 };
 
 } // namespace
@@ -45,9 +32,10 @@ TEST_F(AlertAttentionTest, SomethingDueBehindAnotherWindow_FlashesInTheTaskBar)
     SetForegroundWindow(other.Get());
     WakeAt(At(100));
     EXPECT_EQ(other.Get(), GetForegroundWindow()) << "who works there is not disturbed";
-    ASSERT_EQ(1U, g_flashes.size());
-    EXPECT_EQ(Dialog(), g_flashes.front().hwnd);
-    EXPECT_EQ(DWORD{FLASHW_TRAY | FLASHW_TIMERNOFG}, g_flashes.front().dwFlags);
+    const std::vector<FLASHWINFO> flashes = NotedFlashes::Take();
+    ASSERT_EQ(1U, flashes.size());
+    EXPECT_EQ(Dialog(), flashes.front().hwnd);
+    EXPECT_EQ(DWORD{FLASHW_TRAY | FLASHW_TIMERNOFG}, flashes.front().dwFlags);
 }
 
 TEST_F(AlertAttentionTest, SomethingDueInTheForeground_DoesNotFlash)
@@ -55,7 +43,7 @@ TEST_F(AlertAttentionTest, SomethingDueInTheForeground_DoesNotFlash)
     ASSERT_EQ(Dialog(), GetForegroundWindow());
     WakeAt(At(100));
     EXPECT_EQ(2, List().GetItemCount());
-    EXPECT_TRUE(g_flashes.empty());
+    EXPECT_TRUE(NotedFlashes::Take().empty());
 }
 
 TEST_F(AlertAttentionTest, SecondStartWhileTheAlertAsksSomething_ShowsTheQuestion)
