@@ -49,17 +49,35 @@ TEST_F(ChangedMeanwhile, AddedReminder_IsNotTakenBack)
 
 TEST_F(ChangedMeanwhile, EditedReminder_IsLeftToTheOtherProgramAndTheUserIsTold)
 {
-    const std::string key = Add("2950-03-04");
-    m_change = []
-    {
-        CcvReminderData reminder = Stored(kKey);
-        reminder.SetSubject(L"theirs");
-        EXPECT_TRUE(reminder.SaveDataToRegistry(ts::kRemindersPath));
+    const CTime later(2951, 1, 1, 0, 0, 0);
+    const std::function<void(CcvReminderData&)> changes[] = {
+        [](CcvReminderData& reminder) { reminder.SetDocumentPath(L"theirs"); },
+        [](CcvReminderData& reminder) { reminder.SetDocumentTitle(L"theirs"); },
+        [](CcvReminderData& reminder) { reminder.SetObjectTitle(L"theirs"); },
+        [](CcvReminderData& reminder) { reminder.SetSubject(L"theirs"); },
+        [&](CcvReminderData& reminder) { reminder.SetInitialDueDate(later); },
+        [&](CcvReminderData& reminder) { reminder.SetNextDueDate(later); },
+        [](CcvReminderData& reminder) { reminder.SetReminderTimeSpan(CTimeSpan(77)); },
+        [](CcvReminderData& reminder) { reminder.SetSnoozeTime(CTimeSpan(77)); },
+        [](CcvReminderData& reminder) { reminder.SetDailyRecurrenceNumber(7); },
+        [](CcvReminderData& reminder) { reminder.SetRecurrenceType(EcvReminderRecurrenceType::None); },
     };
-    const Outcome outcome = Reminders({"edit", key, "--subject", "mine"});
-    EXPECT_EQ(1, outcome.code);
-    EXPECT_NE(std::string::npos, outcome.err.find("another program may have changed it")) << outcome.err;
-    EXPECT_EQ(L"theirs", std::wstring(Stored(kKey).GetSubject()));
+    int number = 0;
+    for (const auto& change : changes)
+    {
+        SCOPED_TRACE(testing::Message() << "change " << number++);
+        const std::string key = Add("2950-03-04", {"--daily", "2"});
+        m_change = [&change]
+        {
+            CcvReminderData reminder = Stored(kKey);
+            change(reminder);
+            EXPECT_TRUE(reminder.SaveDataToRegistry(ts::kRemindersPath));
+        };
+        const Outcome outcome = Reminders({"edit", key, "--subject", "mine"});
+        EXPECT_EQ(1, outcome.code);
+        EXPECT_NE(std::string::npos, outcome.err.find("another program may have changed it")) << outcome.err;
+        Succeed({"delete", key});
+    }
 }
 
 TEST_F(ChangedMeanwhile, ReminderOfAnotherTopicUnderTheSameKey_IsLeftAlone)

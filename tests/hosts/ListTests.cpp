@@ -143,6 +143,16 @@ TEST_F(ListCommand, AnyTerminal_ShowsKeysWholeAndLinesThatFit)
     }
 }
 
+TEST_F(ListCommand, DistanceBelowARow_IsShownAsSoonAsItFits)
+{
+    const std::string key = AddSubject("Bericht", "2950-03-04T09:00");
+    const std::string note = "  " + key + "  Due in 3 days";
+    EXPECT_NE(std::string::npos, Succeed({"list", "--at", "2950-03-01"}, note.size()).find(note));
+    const std::string narrower = Succeed({"list", "--at", "2950-03-01"}, note.size() - 1);
+    EXPECT_EQ(std::string::npos, narrower.find("Due in"));
+    EXPECT_NE(std::string::npos, narrower.find(key));
+}
+
 TEST_F(ListCommand, DocumentWithoutTitle_IsNamedByItsFile)
 {
     AddSubject("x", "2950-03-04T09:00");

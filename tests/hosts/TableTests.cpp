@@ -51,6 +51,17 @@ TEST(Table, LittleRoom_CutsTheWidestFirst)
               Example().Text(38));
 }
 
+TEST(Table, ColumnsOfOneWidth_AreCutFromTheFirst)
+{
+    Table table;
+    table.AddColumn("ONE", 2);
+    table.AddColumn("TWO", 2);
+    table.AddRow({"abcdef", "ghijkl"});
+    EXPECT_EQ("ONE    TWO\n"
+              "abcd\xE2\x80\xA6  ghijkl\n",
+              table.Text(13));
+}
+
 TEST(Table, NoRoom_LeavesOutTheLastColumns)
 {
     EXPECT_EQ("DUE     SUBJECT\n"
