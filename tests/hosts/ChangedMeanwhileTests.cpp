@@ -67,6 +67,7 @@ TEST_F(ChangedMeanwhile, EditedReminder_IsLeftToTheOtherProgramAndTheUserIsTold)
     {
         SCOPED_TRACE(testing::Message() << "change " << number++);
         const std::string key = Add("2950-03-04", {"--daily", "2"});
+        Succeed({"snooze", key, "5m"});
         m_change = [&change]
         {
             CcvReminderData reminder = Stored(kKey);
