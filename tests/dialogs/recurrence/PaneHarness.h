@@ -100,6 +100,9 @@ class PaneTest : public testing::Test
 template <typename Pane, UINT kTemplate>
 struct Opened
 {
+    using Kind = Pane;
+    static constexpr UINT kPaneTemplate = kTemplate;
+
     Opened() = default;
     /// Fills the pane before it has a window.
     template <typename Fill>

@@ -4,6 +4,7 @@
 #include "dialogs/CcvMfcRecurrenceMonthlyDialog.h"
 #include "dialogs/CcvMfcRecurrenceWeeklyDialog.h"
 #include "dialogs/CcvMfcRecurrenceYearlyDialog.h"
+#include "module/ResourceScope.h"
 #include "tests/dialogs/recurrence/PaneHarness.h"
 #include "tests/support/HeapKind.h"
 #include "tests/support/ManyRounds.h"
@@ -197,6 +198,36 @@ TYPED_TEST(PaneKeysTest, DialogThatDestroysThePaneInItsOk_IsSurvived)
     open->outer.m_duringOk = [&open] { open->pane.DestroyWindow(); };
     ::SendMessageW(pane, WM_COMMAND, IDOK, 0);
     EXPECT_FALSE(::IsWindow(pane));
+}
+
+/// A dialog that ends its pane, window and object, when the pane tells it OK.
+template <typename Open>
+class BriefDialog : public CDialog
+{
+  public:
+    ~BriefDialog() override { DestroyWindow(); }
+
+    BOOL OnInitDialog() override
+    {
+        CDialog::OnInitDialog();
+        const ts::ResourceScope scope;
+        return m_pane->Create(Open::kPaneTemplate, this);
+    }
+    std::unique_ptr<typename Open::Kind> m_pane = std::make_unique<typename Open::Kind>();
+
+  protected:
+    void OnOK() override { m_pane.reset(); }
+};
+
+TYPED_TEST(PaneKeysTest, DialogThatDeletesThePaneInItsOk_IsSurvived)
+{
+    BriefDialog<typename TestFixture::Open> dialog;
+    ASSERT_NE(FALSE, dialog.Create(IDD_OUTER));
+    const HWND pane = dialog.m_pane->m_hWnd;
+    ASSERT_NE(FALSE, ::IsWindow(pane));
+    ::SendMessageW(pane, WM_COMMAND, IDOK, 0);
+    EXPECT_FALSE(::IsWindow(pane));
+    EXPECT_EQ(nullptr, dialog.m_pane);
 }
 
 TYPED_TEST(PaneKeysTest, Mnemonics_LeadFromTheDialogToThePane)
