@@ -157,7 +157,7 @@ TEST(TimePickerControlTest, Text_NeverRunsUnderTheSpin)
     }
 }
 
-TEST(TimePickerControlTest, TenThousandRounds_LeaveNothing)
+TEST(TimePickerControlTest, ManyRounds_LeaveNothingBehind)
 {
     HostWindow host;
     const auto round = [&host]
@@ -170,7 +170,7 @@ TEST(TimePickerControlTest, TenThousandRounds_LeaveNothing)
     };
     // What is drawn once, when the window first shows, does not count.
     UpdateWindow(host.m_hWnd);
-    ExpectRoundsLeaveNothing(Rounds(10'000), round);
+    ExpectRoundsLeaveNothing(Rounds(2000), round);
 }
 
 TEST(TimePickerControlTest, ObjectThatGoesFirst_TakesItsWindowsAlong)
