@@ -5,6 +5,7 @@
 #include "resources/StringIds.h"
 #include "tests/dialogs/add/AddDialogHarness.h"
 #include "tests/reminders/recurrence/Patterns.h"
+#include "tests/support/Allocations.h"
 #include "tests/support/HeapKind.h"
 #include "tests/support/ManyRounds.h"
 #include "tests/support/TextOutput.h"
@@ -302,9 +303,21 @@ TEST_P(AddDialogLayoutTest, PaneWithoutChange_KeepsTheDialogsSize)
                                  }));
 }
 
-TEST_P(AddDialogResourcesTest, ManyRounds_LeaveNothingBehind)
+namespace
 {
-    const auto show = [](const CcvReminderData* record)
+
+/// Opens and closes the dialog without a record and with one that recurs, each time in another way.
+class OpenAndClose
+{
+  public:
+    void operator()()
+    {
+        Show(nullptr);
+        Show(&m_patterns[m_next++ % std::size(m_patterns)]);
+    }
+
+  private:
+    static void Show(const CcvReminderData* record)
     {
         CcvMfcAddReminderDialog dialog;
         if (record != nullptr)
@@ -313,16 +326,33 @@ TEST_P(AddDialogResourcesTest, ManyRounds_LeaveNothingBehind)
         }
         ASSERT_NE(FALSE, dialog.Create(IDD_ADD_REMINDER, nullptr));
         PumpMessages();
-    };
-    const CcvReminderData patterns[] = {SampleOf(EveryNDays(2)), SampleOf(Weekly(1, 2)),
-                                        SampleOf(MonthlyOnDay(1, 15)), SampleOf(YearlyOnDay(3, 15))};
-    std::size_t next = 0;
-    const auto round = [&]
+    }
+
+    CcvReminderData m_patterns[4] = {SampleOf(EveryNDays(2)), SampleOf(Weekly(1, 2)),
+                                     SampleOf(MonthlyOnDay(1, 15)), SampleOf(YearlyOnDay(3, 15))};
+    std::size_t m_next = 0;
+};
+
+} // namespace
+
+TEST_P(AddDialogResourcesTest, ManyRounds_LeaveNothingBehind)
+{
+    ExpectRoundsLeaveNothing(Rounds(10), OpenAndClose());
+}
+
+TEST_P(AddDialogResourcesTest, Rounds_FreeAllThatTheyAllocate)
+{
+    OpenAndClose round;
+    for (int warmUp = 0; warmUp < 4; ++warmUp)
     {
-        show(nullptr);
-        show(&patterns[next++ % std::size(patterns)]);
-    };
-    ExpectRoundsLeaveNothing(Rounds(10), round);
+        round();
+    }
+    const std::size_t live = LiveAllocationCount();
+    for (int count = 0; count < 4; ++count)
+    {
+        round();
+    }
+    EXPECT_EQ(live, LiveAllocationCount());
 }
 
 } // namespace ts::test
