@@ -19,7 +19,7 @@ bool IsComboBox(HWND window)
 
 void SetHeight(HWND combo, int height)
 {
-    // The height of the part that is always there goes by this number.
+    // The height of the field itself, not of a row of its list, goes by this number.
     constexpr auto kField = static_cast<WPARAM>(-1);
     LRESULT text = SendMessageW(combo, CB_GETITEMHEIGHT, kField, 0);
     // The second step corrects the first: some systems do not ask back for the height that they tell.
